@@ -1,0 +1,67 @@
+// How a link shares a new total among its frames: the rules.
+#pragma once
+
+#include <VorFrames/Enumerations.h>
+#include <VorFrames/QListEx.h>
+#include <VorFrames/VorFramesExport.h>
+
+namespace VorSystem
+{
+
+class FrameFrame;
+class FrameLink;
+struct ValuesAccordingSizes;
+
+/// A rule, prepared once from the link's old and new totals and then asked for each frame in turn.
+class VORFRAMES_EXPORT CDbFrameCalculateMeasure
+{
+public:
+    /// Action 1 prepares the nest alone, action 3 all sizes of oldMeasures; any other raises FatalError.
+    CDbFrameCalculateMeasure(const ValuesAccordingSizes &oldMeasures, eModifyLevelActionType action);
+    virtual ~CDbFrameCalculateMeasure();
+
+    /// Changes the frame's measures in place, in the sizes prepared. Raises AssertionError for null values; a
+    /// list too short for the sizes ends the program.
+    virtual void calculateNewMeasure(const FrameFrame &frame, ValuesAccordingSizes *values) = 0;
+
+protected:
+    /// The change of the total per unit of weight, in each size; 0.0 throughout for a total weight of exactly
+    /// 0.0.
+    void shareChange(const ValuesAccordingSizes &newMeasures, const ValuesAccordingSizes &oldMeasures,
+                     double totalWeight);
+
+    short mSizeCount = 0;     ///< how many sizes change
+    short mFirstSize = 0;     ///< 0-based index of the first of them
+    QListEx<double> mFactors; ///< mFactors[i] belongs to size mFirstSize + i
+};
+
+/// The frames keep their shares of the total.
+class VORFRAMES_EXPORT CDbCalculateNewMeasureProportional : public CDbFrameCalculateMeasure
+{
+public:
+    CDbCalculateNewMeasureProportional(const ValuesAccordingSizes &newMeasures,
+                                       const ValuesAccordingSizes &oldMeasures,
+                                       eModifyLevelActionType action);
+    void calculateNewMeasure(const FrameFrame &frame, ValuesAccordingSizes *values) override;
+};
+
+/// Each frame takes the same change, a frame on a doubled two-sided center two shares. Raises AssertionError
+/// for a frame without a center.
+class VORFRAMES_EXPORT CDbFrameCalculateMeasureEqual : public CDbFrameCalculateMeasure
+{
+public:
+    CDbFrameCalculateMeasureEqual(const FrameLink &link, const ValuesAccordingSizes &newMeasures,
+                                  const ValuesAccordingSizes &oldMeasures, eModifyLevelActionType action);
+    void calculateNewMeasure(const FrameFrame &frame, ValuesAccordingSizes *values) override;
+};
+
+/// Each frame takes a part of the change by its ratio.
+class VORFRAMES_EXPORT CDbFrameCalculateMeasureFixed : public CDbFrameCalculateMeasure
+{
+public:
+    CDbFrameCalculateMeasureFixed(const FrameLink &link, const ValuesAccordingSizes &newMeasures,
+                                  const ValuesAccordingSizes &oldMeasures, eModifyLevelActionType action);
+    void calculateNewMeasure(const FrameFrame &frame, ValuesAccordingSizes *values) override;
+};
+
+} // namespace VorSystem

@@ -1,0 +1,95 @@
+// A chord of the piece across its axis.
+#pragma once
+
+#include <VorFrames/ControlBase.h>
+#include <VorFrames/QListEx.h>
+
+namespace VorSystem
+{
+
+class FrameFrame;
+class FrameLink;
+class FrameSet;
+class GeoPoint2D;
+class GeoRectangle;
+class GestFrames;
+
+/// The body of a frame: vector 1 on one side of the axis, vector 2 on the other; a null vector 2 means that
+/// the chord ends at the axis, one vector in both places that it is a single point.
+///
+/// The constructors enter the object into the skeleton, which owns it from then on; the destructor takes it
+/// out.
+class VORFRAMES_EXPORT ControlFrame : public ControlBase
+{
+public:
+    explicit ControlFrame(ControlSkeleton *skeleton);
+    ControlFrame(CDbPointVOR *vector1, CDbPointVOR *vector2, ControlSkeleton *skeleton, FrameFrame *frame);
+    ControlFrame(CDbPointVOR *vector1, CDbPointVOR *vector2, ControlSkeleton *skeleton, FrameFrame *frame,
+                 bool direction1To2);
+    ControlFrame(ControlFrame *source, ControlSkeleton *target);
+    ControlFrame(const ControlFrame &other) = default;
+    ControlFrame &operator=(const ControlFrame &other) = default;
+
+    ~ControlFrame() override;
+    bool containsVector(const CDbPointVOR *vector) override;
+    /// Moves the contour until the values read back agree: up to 25 passes, each of which rebuilds the group.
+    ///
+    /// With action 1 the nest alone moves, with action 3 every size takes the value given; action 2 first
+    /// shifts the wanted lists to the present nest. A wanted 0.0 is no wish. Nothing is rolled back. The
+    /// lists may be changed. Raises AssertionError for a null group, kind 0 and a list that the kind needs.
+    eMsgConvergence changeMeasureLevel(eMeasureLevel kind, ValuesAccordingSizes *measures,
+                                       ValuesAccordingSizes *levels, const GradationData *gradation,
+                                       eModifyLevelActionType action) override;
+
+    FrameFrame *getFrameFrame() const { return mFrameFrame; }
+    bool getAgreesLink() const { return mAgreesLink; }
+    void setAgreesLink(bool agrees) { mAgreesLink = agrees; }
+    bool isMeasureZero() const { return mVectorContour1 == mVectorContour2; }
+    bool isLevelZero() const;
+    bool isInFrameLink() const;
+    FrameLink *getFrameLink() const;
+    bool isInternalFrame() const;
+    /// The point where the chord crosses the axis. Raises AssertionError for null.
+    void calculateIntersectionOfCenter(GeoPoint2D *out) const;
+    /// Vector 2, or else the projection of vector 1 on the axis.
+    GeoPoint2D calculateExtremity() const;
+    GeoRectangle getRectBounding() const;
+    /// Is the chord within tolerance of the point; for a single point, within pointTolerance.
+    bool isOnFrame(const GeoPoint2D *point, double tolerance, double pointTolerance) const;
+    /// Puts vector 1 on the side of the axis on which the first frame of the skeleton has it.
+    void recoverRatingAttaches();
+    /// Selects or deselects all frames of the link. Raises AssertionError without a defined link.
+    void setSelectionLink(bool selected);
+    void selectInRectangle(const GeoRectangle *rectangle);
+    void adjustsANewFrameSet(FrameSet *set);
+
+    /// The width of the piece in a size, -1 as it stands, in centimetres.
+    double getMeasures(short size);
+    /// One measure per size, smallest first; one without a nest.
+    QListEx<double> getMeasures(const GradationData *gradation);
+    /// The distance from the origin in a size, -1 as it stands. Without an origin 0.0, and the vectors then
+    /// stay in that size.
+    double getLevel(short size);
+    QListEx<double> getLevels(const GradationData *gradation);
+    /// One move in one size. Raises AssertionError for a null group.
+    eMsgConvergence adjustMeasureLevel(eMeasureLevel kind, double measure, double level,
+                                       const GradationData *gradation, bool irregularAlready, short size);
+
+    XJsonObject toJson() const;
+    void fromJson(const XJsonObject &object, GestFrames *manager);
+
+private:
+    friend class FrameLink;
+
+    void setMeasureOnGabarit(double target, short *status);
+    void adjustMeasureAxis(double distance, short side);
+    bool adjustMeasureContour(double distance, short side);
+    void setLevelOnGabarit(double target, short *status);
+    bool setMeasureLevel(eMeasureLevel kind, double measure, double level);
+    ControlFrame *getFrameLevelZero() const;
+
+    FrameFrame *mFrameFrame = nullptr; ///< not owned
+    bool mAgreesLink = true;           ///< the frame follows its link
+};
+
+} // namespace VorSystem

@@ -1,0 +1,83 @@
+// A stretch of contour on a piece.
+#pragma once
+
+#include <VorFrames/ControlBase.h>
+#include <VorFrames/FrameSegment.h>
+#include <VorFrames/QListEx.h>
+
+namespace VorSystem
+{
+
+class FrameSet;
+class GeoPoint2D;
+class GeoRectangle;
+class GestFrames;
+
+/// The body of a segment: the contour from vector 1 to vector 2 in its sense of travel.
+///
+/// The constructors enter the object into the skeleton, which owns it from then on; the destructor takes it
+/// out. A segment that ControlSkeleton::backSpaceSegments took off the list belongs to whoever holds it and
+/// may be deleted before or after the skeleton.
+class VORFRAMES_EXPORT ControlSegment : public ControlBase
+{
+public:
+    /// The tangent of 10 degrees: how close to an axis a segment counts as lying along it.
+    static const double mTestShifts;
+
+    explicit ControlSegment(ControlSkeleton *skeleton);
+    ControlSegment(CDbPointVOR *vector1, CDbPointVOR *vector2, ControlSkeleton *skeleton,
+                   FrameSegment *segment);
+    ControlSegment(ControlSegment *source, ControlSkeleton *target);
+    ControlSegment(const ControlSegment &other) = default;
+    ControlSegment &operator=(const ControlSegment &other) = default;
+
+    ~ControlSegment() override;
+    bool containsVector(const CDbPointVOR *vector) override;
+    /// Moves the contour until the length read back agrees: up to 100 passes, each of which rebuilds the
+    /// group; kind and levels play no part. Nothing is rolled back. With action 2 measures is changed in
+    /// place. Raises AssertionError for a null gradation, a null group, an element without measures and
+    /// action 0.
+    eMsgConvergence changeMeasureLevel(eMeasureLevel kind, ValuesAccordingSizes *measures,
+                                       ValuesAccordingSizes *levels, const GradationData *gradation,
+                                       eModifyLevelActionType action) override;
+
+    FrameSegment *getFrameSegment() const { return mFrameSegment; }
+    FrameSegment *Get_mFrameSegment() const { return mFrameSegment; }
+    void Set_mFrameSegment(FrameSegment *segment) { mFrameSegment = segment; }
+    /// The displacement proposed for a new segment.
+    FrameSegment::eDisplaceType defectMovesAlong() const;
+    GeoRectangle getRectBounding() const;
+    void selectInRectangle(const GeoRectangle *rectangle);
+    void adjustsANewFrameSet(FrameSet *set);
+    bool segmentIsOn(const GeoPoint2D *point, double tolerance) const;
+    /// The length in a size, -1 as the piece stands, in centimetres; 0 without two vectors.
+    double getMeasures(short size);
+    /// One length per size, smallest first; one without a nest.
+    QListEx<double> getMeasures(const GradationData *gradation);
+    /// The first vector beyond vector 2 that a frame, a segment or the center holds, or null.
+    CDbPointVOR *getAttachedNext() const;
+    /// The displacement of vector 2 along the contour that gives the target length; 6 when the stretch behind
+    /// it would have no length left. Raises AssertionError for null and, with a center, without an
+    /// attachment.
+    eMsgConvergence calculateDisplacementContourLine(double target, GeoPoint2D *out);
+    /// The part of the displacement that a vector takes; -1.0: it keeps its own working displacement.
+    double getDisplacementFactor(CDbPointVOR *const vector) const;
+    /// Exchanges the two vectors and settles the sense of travel anew.
+    void changeSegmentOrientation();
+
+    XJsonObject toJson() const;
+    void fromJson(const XJsonObject &object, GestFrames *manager);
+
+private:
+    friend class FrameSegment;
+
+    double displacementFactor(CDbPointVOR *vector, CDbPointVOR *attachment) const;
+    eMsgConvergence calculateMaximumDisplacement(double target, GeoPoint2D *out);
+    void moveVectorsInTheMediumNoGrade(const GeoPoint2D &displacement, bool shiftSizes);
+    eMsgConvergence changeMeasureMediumNoGrade(double target, bool shiftSizes);
+    eMsgConvergence changeMeasuresallsizes(ValuesAccordingSizes &values, const GradationData *gradation);
+
+    FrameSegment *mFrameSegment = nullptr; ///< not owned
+};
+
+} // namespace VorSystem

@@ -1,0 +1,74 @@
+// An axis of a piece, on which frames stand.
+#pragma once
+
+#include <VorFrames/BaseFrame.h>
+
+namespace VorSystem
+{
+
+class ControlCenter;
+class FrameFrame;
+
+/// The axis: an ordered list of frames, one of which is the origin of all levels.
+///
+/// The set owns the frames. The center's destructor leaves them alone, so frames go first; moving a center to
+/// another set does not move its frames.
+class VORFRAMES_EXPORT FrameCenter : public BaseFrame
+{
+public:
+    /// Which sides of a frame move, and how its measure reads.
+    enum eCharacteristicType : int {
+        Characteristic_OneSideDoubled = 1,  ///< one side takes half of a change; the measure is doubled
+        Characteristic_TwoSides = 2,        ///< both sides share the whole change; the measure counts once
+        Characteristic_TwoSidesDoubled = 3, ///< both sides share half of a change; the measure is doubled
+    };
+
+    explicit FrameCenter(const QString &name);
+    FrameCenter(const FrameCenter &other) = default;
+    FrameCenter &operator=(const FrameCenter &other) = default;
+
+    XJsonObject toJson() const override;
+    void fromJson(const XJsonObject &object) override;
+    ~FrameCenter() override;
+    eElementFrameType elementType() override;
+    bool reevaluate(eFrameReevaluate mode) override;
+    bool canBeDestroyed(bool report) override;
+    bool canBeDestroyedInBatch() override;
+
+    const eCharacteristicType &Caracteristique() const { return mCharacteristic; }
+    eCharacteristicType &Caracteristique() { return mCharacteristic; }
+    void setCharacteristic(eCharacteristicType characteristic) { mCharacteristic = characteristic; }
+
+    QListEx<FrameFrame *> getFrames() const { return mFrames; }
+    /// The frame from which levels count; null when there is none.
+    FrameFrame *getFrameLevelZero() const { return mFrameLevelZero; }
+    ControlCenter *ControlCenterCorrespondent();
+
+    /// Enters the frame before index, at the end when index is negative; nothing when it stands here already.
+    /// The first frame becomes the zero-level frame. The frame's own pointer is not touched.
+    void addFrame(FrameFrame *frame, int index);
+    /// Takes the frame off the list; a zero-level frame leaves the center without one.
+    void removeFrame(FrameFrame *frame);
+    /// The first frame whose bare name matches, or null.
+    FrameFrame *foundFrameAccordingName(const QString &name) const;
+    /// Makes a frame of this center the origin; any other frame changes nothing. Raises AssertionError for
+    /// null.
+    void setFrameLevelZero(FrameFrame *frame);
+    /// Makes the first defined frame the origin and, with reevaluateSet, stores all levels of the set anew.
+    void adjustNewLevelZero(bool reevaluateSet);
+    bool containsFrameDefines();
+    /// Position i takes the frame that stood at order[i], here and in the set's flat list. Nothing when the
+    /// count differs; an index outside the list ends the program. A frame lost by a repeated index loses its
+    /// center.
+    void ChangeFrameFrames(QListEx<int> order);
+
+protected:
+    ControlBase *skeletonElementPointedAtUs(ControlSkeleton *skeleton) override;
+
+private:
+    QListEx<FrameFrame *> mFrames; ///< in the user's order, not owned
+    FrameFrame *mFrameLevelZero = nullptr;
+    eCharacteristicType mCharacteristic = Characteristic_OneSideDoubled;
+};
+
+} // namespace VorSystem
