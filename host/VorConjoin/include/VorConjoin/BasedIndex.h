@@ -1,0 +1,33 @@
+// Indices that say from where they count.
+#pragma once
+
+namespace VorSystem
+{
+
+/// An index that counts from 1, as in "the first size".
+class t_1_Based
+{
+public:
+    explicit constexpr t_1_Based(short number) : mNumber(number) {}
+
+    constexpr short value() const { return mNumber; }
+
+private:
+    short mNumber;
+};
+
+/// An index that counts from 0.
+class t_0_Based
+{
+public:
+    explicit constexpr t_0_Based(short position) : mPosition(position) {}
+    /// The same place: one less. Deliberately implicit.
+    constexpr t_0_Based(const t_1_Based &number) : mPosition(static_cast<short>(number.value() - 1)) {}
+
+    constexpr short value() const { return mPosition; }
+
+private:
+    short mPosition;
+};
+
+} // namespace VorSystem

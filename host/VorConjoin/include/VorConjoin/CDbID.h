@@ -1,0 +1,34 @@
+// Identity of a persistent object.
+#pragma once
+
+#include <VorConjoin/VorConjoinExport.h>
+
+namespace VorSystem
+{
+
+class XJsonObject;
+
+/// Number that names a vector within its group, also in a copy of the group. 0 names nothing.
+class VORCONJOIN_EXPORT CDbID
+{
+public:
+    CDbID() = default;
+    explicit CDbID(int number) : mNumber(number) {}
+    CDbID(const CDbID &) = default;
+    CDbID &operator=(const CDbID &) = default;
+    virtual ~CDbID();
+
+    int number() const { return mNumber; }
+    bool operator==(const CDbID &other) const { return mNumber == other.mNumber; }
+    bool operator!=(const CDbID &other) const { return mNumber != other.mNumber; }
+
+    /// {"id": number}
+    XJsonObject toJson() const;
+    /// Reads what toJson wrote; 0 when there is no whole number under "id".
+    void fromJson(const XJsonObject &object);
+
+private:
+    int mNumber = 0;
+};
+
+} // namespace VorSystem

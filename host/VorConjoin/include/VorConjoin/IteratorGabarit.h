@@ -1,0 +1,27 @@
+// Walks over gabarits and over darts.
+#pragma once
+
+#include <VorConjoin/IteratorVORSt.h>
+
+namespace VorSystem
+{
+
+class CDbGroupObject;
+
+/// Follows mNextGabarit: all gabarits of a group, or a chain of temporaries.
+class VORCONJOIN_EXPORT IteratorGabarit final : public IteratorVORSt<GabaritObject>
+{
+public:
+    IteratorGabarit() = default;
+    explicit IteratorGabarit(const CDbGroupObject *group);
+};
+
+/// The darts of a gabarit.
+class VORCONJOIN_EXPORT IteratorClipContour final : public IteratorVORSt<DartContour>
+{
+public:
+    IteratorClipContour() = default;
+    explicit IteratorClipContour(const GabaritObject *gabarit);
+};
+
+} // namespace VorSystem

@@ -1,0 +1,60 @@
+// A chain of vectors with an index: the contour of a gabarit, or the own vectors of a group.
+#pragma once
+
+#include <VorConjoin/VorConjoinExport.h>
+
+#include <vector>
+
+namespace VorSystem
+{
+
+class CDbGroupObject;
+class CDbPointVOR;
+class GabaritObject;
+
+/// Owns its vectors, keeps their mNextVector chained and answers index questions in constant time.
+///
+/// Indices count from 1 and fit a short; 0 means none.
+class VORCONJOIN_EXPORT VectorChain
+{
+public:
+    static constexpr int MaxCount = 32767; ///< more vectors are refused
+
+    enum eEnd { Circular, NullEnded };
+
+    /// The chain of a gabarit (circular) or of a group (null-ended); head is kept at the first vector.
+    VectorChain(eEnd end, CDbPointVOR **head, GabaritObject *gabarit, CDbGroupObject *group);
+    VectorChain(const VectorChain &) = delete;
+    VectorChain &operator=(const VectorChain &) = delete;
+    ~VectorChain();
+
+    /// Takes v over, behind the vector of that index (0: in front). False for null, an owned vector, no such
+    /// place or a full chain.
+    bool insert(CDbPointVOR *v, int behind);
+    bool append(CDbPointVOR *v) { return insert(v, count()); }
+    /// Gives v back to the caller; false when it is not in this chain.
+    bool take(CDbPointVOR *v);
+    void destroyAll();
+
+    int count() const { return static_cast<int>(mVectors.size()); }
+    bool holds(const CDbPointVOR *v) const;
+    short indexOf(const CDbPointVOR *v) const;
+    CDbPointVOR *at(int index) const;
+    /// Neighbour in the circle; null when v is not in this chain.
+    CDbPointVOR *neighbor(const CDbPointVOR *v, bool forward) const;
+    const std::vector<CDbPointVOR *> &vectors() const { return mVectors; }
+
+    /// Gives a vector an identity, owned or not.
+    static void setIdentity(CDbPointVOR *v, int number);
+
+private:
+    void relink(std::size_t from);
+
+    std::vector<CDbPointVOR *> mVectors;
+    CDbPointVOR **mHead;
+    GabaritObject *mGabarit;
+    CDbGroupObject *mGroup;
+    eEnd mEnd;
+};
+
+} // namespace VorSystem
