@@ -1,1 +1,31 @@
-// Nothing here yet.
+// GeoPoint2D: a place in the plane, in centimetres.
+#include <VorGeo/GeoPoint2D.h>
+
+#include <VorGeo/GeoAlgorithms.h>
+
+#include <cmath>
+
+namespace VorSystem
+{
+
+// Constant-initialised: valid before any other static object is made.
+const GeoPoint2D GeoPoint2D::Point2D_Nul(0.0, 0.0);
+
+double GeoPoint2D::distance(const GeoPoint2D &other) const noexcept
+{
+    const double dx = other.mX - mX;
+    const double dy = other.mY - mY;
+    return std::sqrt(dx * dx + dy * dy);
+}
+
+GeoPoint2D GeoPoint2D::projected(const GeoPoint2D &a, const GeoPoint2D &b) const noexcept
+{
+    return Geo::projection(*this, a, b);
+}
+
+bool GeoPoint2D::equalsWithin(const GeoPoint2D &other, double tolerance) const
+{
+    return std::abs(mX - other.mX) <= tolerance && std::abs(mY - other.mY) <= tolerance;
+}
+
+} // namespace VorSystem

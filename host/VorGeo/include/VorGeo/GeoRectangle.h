@@ -1,0 +1,45 @@
+// GeoRectangle: an upright bounding rectangle.
+#pragma once
+
+#include <VorGeo/GeoObject.h>
+
+#include <limits>
+
+namespace VorSystem
+{
+
+class GeoPoint2D;
+
+/// An upright rectangle that grows round what it includes, in centimetres.
+///
+/// A new one is empty, which is less than a single point: it meets nothing.
+class VORGEO_EXPORT GeoRectangle : public GeoObject
+{
+public:
+    GeoRectangle() noexcept = default;
+    explicit GeoRectangle(const GeoPoint2D &point) noexcept;
+
+    bool isEmpty() const noexcept { return !(mLeft <= mRight && mBottom <= mTop); }
+
+    // The sides; of an empty rectangle they are infinite.
+    double left() const noexcept { return mLeft; }
+    double right() const noexcept { return mRight; }
+    double bottom() const noexcept { return mBottom; }
+    double top() const noexcept { return mTop; }
+
+    void include(const GeoPoint2D &point) noexcept;
+    void include(const GeoRectangle &other) noexcept;
+
+    /// True when the rectangles share a point, be it on their borders.
+    ///
+    /// With wholly, other must lie inside this rectangle, borders included. False when one of them is empty.
+    bool intersect(const GeoRectangle &other, bool wholly) const noexcept;
+
+private:
+    double mLeft = std::numeric_limits<double>::infinity();
+    double mRight = -std::numeric_limits<double>::infinity();
+    double mBottom = std::numeric_limits<double>::infinity();
+    double mTop = -std::numeric_limits<double>::infinity();
+};
+
+} // namespace VorSystem
