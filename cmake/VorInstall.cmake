@@ -16,11 +16,20 @@ endif()
 configure_package_config_file(cmake/VorFramesConfig.cmake.in "${PROJECT_BINARY_DIR}/VorFramesConfig.cmake"
     INSTALL_DESTINATION ${vor_package_dir})
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/VorFramesConfigVersion.cmake"
-    COMPATIBILITY SameMajorVersion)
+    COMPATIBILITY SameMinorVersion)
 install(FILES
     "${PROJECT_BINARY_DIR}/VorFramesConfig.cmake"
     "${PROJECT_BINARY_DIR}/VorFramesConfigVersion.cmake"
     DESTINATION ${vor_package_dir})
 
-configure_file(cmake/VorFrames.pc.in "${PROJECT_BINARY_DIR}/VorFrames.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/VorFrames.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+# The .pc files find their tree from where they lie, so an installed tree may be moved.
+set(vor_pkgconfig_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+file(RELATIVE_PATH vor_prefix_from_pkgconfig "/prefix/${vor_pkgconfig_dir}" "/prefix")
+set(vor_pkgconfig_files VorFrames)
+if(TARGET VorDocument)
+    list(APPEND vor_pkgconfig_files VorDocument)
+endif()
+foreach(name IN LISTS vor_pkgconfig_files)
+    configure_file(cmake/${name}.pc.in "${PROJECT_BINARY_DIR}/${name}.pc" @ONLY)
+    install(FILES "${PROJECT_BINARY_DIR}/${name}.pc" DESTINATION ${vor_pkgconfig_dir})
+endforeach()

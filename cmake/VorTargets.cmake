@@ -23,10 +23,11 @@ if(VOR_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER "${VOR_CCACHE}")
 endif()
 
-# vor_floor(NAME VorGeo NAMESPACE VorHost SOURCES ... LINK ... [SYSTEM_LINK ...])
+# vor_floor(NAME VorGeo NAMESPACE VorHost EXPORT VorHostTargets [INCLUDE dir] SOURCES ... LINK ...)
 #
 # A shared library with its own include root (the folder include/ beside its sources, or INCLUDE), hidden
-# visibility and the alias NAMESPACE::NAME. LINK names floors below it and public dependencies.
+# visibility and the alias NAMESPACE::NAME. LINK names floors below it and public dependencies. EXPORT names the
+# export set that its installed target goes to. Installed floors find each other in their own folder.
 function(vor_floor)
     cmake_parse_arguments(arg "" "NAME;NAMESPACE;INCLUDE;EXPORT" "SOURCES;LINK" ${ARGN})
     if(NOT arg_INCLUDE)
@@ -42,11 +43,16 @@ function(vor_floor)
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
         EXPORT_NAME ${arg_NAME}
+        VOR_INCLUDE_ROOT "${arg_INCLUDE}"
+        INSTALL_RPATH "$ORIGIN"
         LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
     target_include_directories(${arg_NAME} PUBLIC
         "$<BUILD_INTERFACE:${arg_INCLUDE}>"
         "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
     target_compile_features(${arg_NAME} PUBLIC cxx_std_17)
+    if(NOT VORFRAMES_SANITIZE)  # the sanitizers' own symbols may come from the program
+        target_link_options(${arg_NAME} PRIVATE -Wl,--no-undefined)
+    endif()
     target_link_libraries(${arg_NAME} PUBLIC ${arg_LINK} PRIVATE $<BUILD_INTERFACE:vor_options>)
     install(TARGETS ${arg_NAME} EXPORT ${arg_EXPORT}
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
