@@ -25,6 +25,7 @@ install(FILES
 # The .pc files find their tree from where they lie, so an installed tree may be moved.
 set(vor_pkgconfig_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 file(RELATIVE_PATH vor_prefix_from_pkgconfig "/prefix/${vor_pkgconfig_dir}" "/prefix")
+string(REGEX REPLACE "/$" "" vor_prefix_from_pkgconfig "${vor_prefix_from_pkgconfig}")
 set(vor_pkgconfig_files VorFrames)
 if(TARGET VorDocument)
     list(APPEND vor_pkgconfig_files VorDocument)
