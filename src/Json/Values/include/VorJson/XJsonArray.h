@@ -1,0 +1,143 @@
+// A JSON array.
+#pragma once
+
+#include <QJsonArray>
+#include <QStringList>
+#include <VorJson/XJsonIterator.h>
+#include <VorJson/XJsonValue.h>
+#include <VorJson/XJsonValueRef.h>
+#include <initializer_list>
+#include <utility>
+
+namespace VorSystem
+{
+
+/// Values in the order of their insertion.
+///
+/// Implicitly shared: a copy is cheap, the first write to it detaches. A default array has no storage; it is
+/// empty and equals an empty array with storage. Undefined is stored as Null.
+///
+/// An array holds less than 134217727 bytes of storage, nested contents included. A write that would reach
+/// this does not happen: the array stays as it is and a warning with the storage, the bytes asked for and the
+/// limit goes to Qt's message logger. An index out of range reads as Undefined and writes nothing.
+class VORJSON_EXPORT XJsonArray
+{
+public:
+    using const_iterator = XJsonIterator<const XJsonArray, XJsonValue>;
+    using iterator = XJsonIterator<XJsonArray, XJsonValueRef>;
+    using ConstIterator = const_iterator;
+    using Iterator = iterator;
+    using size_type = int;
+    using value_type = XJsonValue;
+    using difference_type = int;
+    using reference = XJsonValueRef;
+    using const_reference = XJsonValue;
+    using pointer = iterator::pointer;
+    using const_pointer = const_iterator::pointer;
+
+    XJsonArray() = default;
+    XJsonArray(std::initializer_list<XJsonValue> values);
+    XJsonArray(const XJsonArray &other) = default;
+    XJsonArray(XJsonArray &&other) noexcept
+        : mArray(std::move(other.mArray)), mStorage(std::exchange(other.mStorage, XJsonValue::kNoStorage))
+    {
+    }
+    ~XJsonArray() = default;
+    XJsonArray &operator=(const XJsonArray &other) = default;
+    XJsonArray &operator=(XJsonArray &&other) noexcept
+    {
+        swap(other);
+        return *this;
+    }
+    void swap(XJsonArray &other) noexcept
+    {
+        std::swap(mArray, other.mArray);
+        std::swap(mStorage, other.mStorage);
+    }
+
+    static XJsonArray fromStringList(const QStringList &texts);
+    static XJsonArray fromVariantList(const QVariantList &variants);
+    static XJsonArray fromJsonArray(const QJsonArray &array);
+
+    /// Each value by XJsonValue::toString with an empty default.
+    QStringList toStringList() const;
+    QVariantList toVariantList() const;
+    QJsonArray toJsonArray() const;
+
+    /// The text form in UTF-8. Close to JSON, but no JSON: booleans are T and F, the keys of nested objects
+    /// stand without quotation marks and each of their members is followed by a comma.
+    QByteArray toText(XJsonFormat format = XJsonFormat::Compact) const;
+
+    int size() const { return mArray.size(); }
+    int count() const { return size(); }
+    bool isEmpty() const { return mArray.isEmpty(); }
+    bool empty() const { return isEmpty(); }
+
+    XJsonValue at(int index) const { return XJsonValue(mArray.at(index)); }
+    XJsonValue first() const { return at(0); }
+    XJsonValue last() const { return at(size() - 1); }
+    XJsonValue operator[](int index) const { return at(index); }
+    bool contains(const XJsonValue &value) const;
+
+    /// The place of the value.
+    XJsonValueRef operator[](int index) { return XJsonValueRef(this, index); }
+
+    void prepend(const XJsonValue &value) { insert(0, value); }
+    void append(const XJsonValue &value) { insert(size(), value); }
+    void insert(int index, const XJsonValue &value);
+    void replace(int index, const XJsonValue &value);
+    void removeAt(int index);
+    void removeFirst() { removeAt(0); }
+    void removeLast() { removeAt(size() - 1); }
+
+    /// The value at the index, which leaves the array; Undefined out of range.
+    XJsonValue takeAt(int index);
+
+    iterator insert(iterator before, const XJsonValue &value);
+    iterator erase(iterator place);
+    void push_back(const XJsonValue &value) { append(value); }
+    void push_front(const XJsonValue &value) { prepend(value); }
+    void pop_back() { removeLast(); }
+    void pop_front() { removeFirst(); }
+
+    XJsonArray operator+(const XJsonValue &value) const;
+    XJsonArray &operator+=(const XJsonValue &value);
+    XJsonArray &operator<<(const XJsonValue &value);
+
+    /// The writing forms detach and give a default array its storage.
+    iterator begin();
+    iterator end();
+    const_iterator begin() const { return const_iterator(this, 0); }
+    const_iterator end() const { return const_iterator(this, size()); }
+    const_iterator constBegin() const { return begin(); }
+    const_iterator constEnd() const { return end(); }
+    const_iterator cbegin() const { return begin(); }
+    const_iterator cend() const { return end(); }
+
+    /// True for equal values in equal order, told more closely at XJsonValue.
+    bool operator==(const XJsonArray &other) const;
+    bool operator!=(const XJsonArray &other) const { return !(*this == other); }
+
+private:
+    friend class XJsonValue;
+    friend class XJsonValueRef;
+    template<class Owner, class Result>
+    friend class XJsonIterator;
+    friend VORJSON_EXPORT QDebug operator<<(QDebug debug, const XJsonArray &array);
+
+    XJsonArray(QJsonArray array, qint64 storage) : mArray(std::move(array)), mStorage(storage) {}
+
+    bool hasStorage() const { return mStorage != XJsonValue::kNoStorage; }
+    bool holdsIndex(int index) const { return index >= 0 && index < size(); }
+    XJsonValue valueAt(int index) const { return at(index); }
+    void giveStorage();
+    bool admit(qint64 asked, qint64 freed);
+
+    QJsonArray mArray;
+    qint64 mStorage = XJsonValue::kNoStorage; ///< bytes counted so far, or one of the marks of XJsonValue
+};
+
+/// Writes "XJsonArray(", the compact text form and ")".
+VORJSON_EXPORT QDebug operator<<(QDebug debug, const XJsonArray &array);
+
+} // namespace VorSystem

@@ -1,0 +1,140 @@
+// A JSON object.
+#pragma once
+
+#include <QJsonObject>
+#include <QPair>
+#include <QStringList>
+#include <VorJson/XJsonIterator.h>
+#include <VorJson/XJsonValue.h>
+#include <VorJson/XJsonValueRef.h>
+#include <initializer_list>
+#include <utility>
+
+namespace VorSystem
+{
+
+/// Members sorted by key as QString compares; each key occurs once.
+///
+/// Implicitly shared: a copy is cheap, the first write to it detaches. A default object has no storage; it is
+/// empty and equals an empty object with storage. Undefined is never stored: inserting it removes the key.
+///
+/// An object holds less than 134217727 bytes of storage, nested contents included. A write that would reach
+/// this does not happen: the object stays as it is and a warning with the storage, the bytes asked for and
+/// the limit goes to Qt's message logger.
+class VORJSON_EXPORT XJsonObject
+{
+public:
+    using const_iterator = XJsonIterator<const XJsonObject, XJsonValue>;
+    using iterator = XJsonIterator<XJsonObject, XJsonValueRef>;
+    using ConstIterator = const_iterator;
+    using Iterator = iterator;
+    using size_type = int;
+    using key_type = QString;
+    using mapped_type = XJsonValue;
+
+    XJsonObject() = default;
+
+    /// A key that occurs more than once has the last of its values.
+    XJsonObject(std::initializer_list<QPair<QString, XJsonValue>> members);
+    XJsonObject(const XJsonObject &other) = default;
+    XJsonObject(XJsonObject &&other) noexcept
+        : mObject(std::move(other.mObject)), mStorage(std::exchange(other.mStorage, XJsonValue::kNoStorage))
+    {
+    }
+    ~XJsonObject() = default;
+    XJsonObject &operator=(const XJsonObject &other) = default;
+    XJsonObject &operator=(XJsonObject &&other) noexcept
+    {
+        swap(other);
+        return *this;
+    }
+    void swap(XJsonObject &other) noexcept
+    {
+        std::swap(mObject, other.mObject);
+        std::swap(mStorage, other.mStorage);
+    }
+
+    static XJsonObject fromVariantMap(const QVariantMap &variants);
+    static XJsonObject fromVariantHash(const QVariantHash &variants);
+    static XJsonObject fromJsonObject(const QJsonObject &object);
+
+    QVariantMap toVariantMap() const;
+    QVariantHash toVariantHash() const;
+    QJsonObject toJsonObject() const;
+
+    /// The text form in UTF-8. Close to JSON, but no JSON: keys stand without quotation marks, each member is
+    /// followed by a comma, booleans are T and F.
+    QByteArray toText(XJsonFormat format = XJsonFormat::Compact) const;
+
+    /// The keys in ascending order.
+    QStringList keys() const { return mObject.keys(); }
+    int size() const { return mObject.size(); }
+    int count() const { return size(); }
+    int length() const { return size(); }
+    bool isEmpty() const { return mObject.isEmpty(); }
+    bool empty() const { return isEmpty(); }
+    bool contains(const QString &key) const { return mObject.contains(key); }
+
+    /// The value of the key; Undefined when the key is absent.
+    XJsonValue value(const QString &key) const { return XJsonValue(mObject.value(key)); }
+    XJsonValue operator[](const QString &key) const { return value(key); }
+
+    /// The place of the key, which is inserted with Null when absent: so reading this way changes the object.
+    XJsonValueRef operator[](const QString &key);
+
+    /// Stores the value, in place of the one the key had. Gives the place of the member, or end() when the
+    /// value was refused or is Undefined, which removes the key.
+    iterator insert(const QString &key, const XJsonValue &value);
+    void remove(const QString &key);
+
+    /// The value of the key, which leaves the object; Undefined when the key is absent.
+    XJsonValue take(const QString &key);
+
+    /// Removes the member and gives the one after it.
+    iterator erase(iterator place);
+
+    /// The writing forms detach and give a default object its storage.
+    iterator begin();
+    iterator end();
+    iterator find(const QString &key);
+    const_iterator begin() const { return const_iterator(this, 0); }
+    const_iterator end() const { return const_iterator(this, size()); }
+    const_iterator find(const QString &key) const { return const_iterator(this, position(key)); }
+    const_iterator constBegin() const { return begin(); }
+    const_iterator constEnd() const { return end(); }
+    const_iterator constFind(const QString &key) const { return find(key); }
+    const_iterator cbegin() const { return begin(); }
+    const_iterator cend() const { return end(); }
+
+    /// True for equal keys with equal values, told more closely at XJsonValue.
+    bool operator==(const XJsonObject &other) const;
+    bool operator!=(const XJsonObject &other) const { return !(*this == other); }
+
+private:
+    friend class XJsonValue;
+    friend class XJsonValueRef;
+    template<class Owner, class Result>
+    friend class XJsonIterator;
+    friend VORJSON_EXPORT QDebug operator<<(QDebug debug, const XJsonObject &object);
+
+    XJsonObject(QJsonObject object, qint64 storage) : mObject(std::move(object)), mStorage(storage) {}
+
+    bool hasStorage() const { return mStorage != XJsonValue::kNoStorage; }
+    bool holdsIndex(int index) const { return index >= 0 && index < size(); }
+    QString keyAt(int index) const;
+    XJsonValue valueAt(int index) const;
+    int position(const QString &key) const; ///< size() when the key is absent
+
+    void giveStorage();
+    bool admit(qint64 asked, qint64 freed);
+    bool writeAt(int index, const XJsonValue &value);
+    XJsonValue takeAt(int index);
+
+    QJsonObject mObject;
+    qint64 mStorage = XJsonValue::kNoStorage; ///< bytes counted so far, or one of the marks of XJsonValue
+};
+
+/// Writes "XJsonObject(", the compact text form and ")".
+VORJSON_EXPORT QDebug operator<<(QDebug debug, const XJsonObject &object);
+
+} // namespace VorSystem

@@ -1,0 +1,175 @@
+// One JSON value. Containers are told in XJsonArray.h and XJsonObject.h.
+#pragma once
+
+#include <QJsonValue>
+#include <QString>
+#include <QVariant>
+#include <VorJson/VorJsonExport.h>
+#include <utility>
+
+class QDebug;
+
+namespace VorSystem
+{
+
+class XJsonArray;
+class XJsonObject;
+class XJsonValueRef;
+
+/// The two layouts of the text form of a container.
+enum class XJsonFormat {
+    Compact,  ///< no white space at all
+    Indented, ///< one member or value a line, four blanks per level; grows with the square of the depth
+};
+
+/// A JSON value: null, a boolean, a number, a text, an array, an object, or nothing (Undefined).
+///
+/// A small object to be passed by value; a copy of a text or container shares the contents. Every number is
+/// held as a double, the sign of zero included. An accessor never fails: a value of another type gives the
+/// default handed in.
+class VORJSON_EXPORT XJsonValue
+{
+public:
+    /// The numbers are fixed; readers of stored documents test them.
+    enum Type {
+        Null = 0,
+        Bool = 1,
+        Double = 2,
+        String = 3,
+        Array = 4,
+        Object = 5,
+        Undefined = 128, ///< what an absent key or index gives; never a part of a container
+    };
+
+    XJsonValue(Type type = Null);
+    XJsonValue(bool value) : mValue(value) {}
+    XJsonValue(int number) : mValue(number) {}
+    XJsonValue(qint64 number) : XJsonValue(static_cast<double>(number)) {}
+    XJsonValue(double number) : mValue(number != 0.0 && number == number ? number : heldForm(number)) {}
+    XJsonValue(const QString &text) : mValue(text) {}
+    XJsonValue(QLatin1String text) : mValue(text) {}
+#ifndef QT_NO_CAST_FROM_ASCII
+    XJsonValue(const char *utf8) : mValue(QString::fromUtf8(utf8)) {}
+#endif
+    XJsonValue(const void *) = delete; // or else a pointer would quietly become a boolean
+    XJsonValue(const XJsonArray &array);
+    XJsonValue(const XJsonObject &object);
+
+    /// The value for a variant: booleans, int, unsigned, 64-bit integers and double, QString, QStringList,
+    /// QVariantList, QVariantMap and QVariantHash by their kind. Any other variant gives the text of
+    /// QVariant::toString, or Null when that is empty.
+    static XJsonValue fromVariant(const QVariant &variant);
+
+    /// The variant for the value; a number is always a double, Null and Undefined are the invalid variant.
+    QVariant toVariant() const;
+
+    /// The value for one of Qt's, taken over part by part as if each part were inserted here.
+    static XJsonValue fromJsonValue(const QJsonValue &value);
+
+    /// The same value in Qt's own classes. Qt keeps no sign of zero.
+    QJsonValue toJsonValue() const;
+
+    Type type() const
+    {
+        return static_cast<Type>(mValue.type());
+    }
+    bool isNull() const
+    {
+        return type() == Null;
+    }
+    bool isBool() const
+    {
+        return type() == Bool;
+    }
+    bool isDouble() const
+    {
+        return type() == Double;
+    }
+    bool isString() const
+    {
+        return type() == String;
+    }
+    bool isArray() const
+    {
+        return type() == Array;
+    }
+    bool isObject() const
+    {
+        return type() == Object;
+    }
+    bool isUndefined() const
+    {
+        return type() == Undefined;
+    }
+
+    bool toBool(bool defaultValue = false) const
+    {
+        return mValue.toBool(defaultValue);
+    }
+
+    /// The number as an int; the default also when the number is not integral or beyond the int range.
+    int toInt(int defaultValue = 0) const;
+
+    double toDouble(double defaultValue = 0) const
+    {
+        const double number = mValue.toDouble(defaultValue);
+        return number == number ? number : shownForm(number);
+    }
+
+    /// The text; a null QString for other types.
+    QString toString() const
+    {
+        return mValue.toString();
+    }
+    QString toString(const QString &defaultValue) const
+    {
+        return mValue.toString(defaultValue);
+    }
+
+    /// The container; one without storage for other types.
+    XJsonArray toArray() const;
+    XJsonObject toObject() const;
+
+    /// The container; the default for other types, and also where the value holds a container without
+    /// storage.
+    XJsonArray toArray(const XJsonArray &defaultValue) const;
+    XJsonObject toObject(const XJsonObject &defaultValue) const;
+
+    /// True for the same type and contents. Numbers compare as doubles do, so that a value holding NaN equals
+    /// nothing but itself inside shared storage. A container without storage equals an empty one.
+    bool operator==(const XJsonValue &other) const;
+    bool operator!=(const XJsonValue &other) const
+    {
+        return !(*this == other);
+    }
+
+private:
+    friend class XJsonArray;
+    friend class XJsonObject;
+    friend class XJsonValueRef;
+
+    /// The count of storage of a container, where it is not a number of bytes.
+    enum : qint64 {
+        kNoStorage = 0,
+        kUncounted = -1, ///< read out of another container: it has storage, how much is counted when needed
+    };
+
+    explicit XJsonValue(QJsonValue value, qint64 storage = kUncounted)
+        : mValue(std::move(value)), mStorage(storage)
+    {
+    }
+
+    static double heldForm(double number);
+    static double shownForm(double number);
+
+    /// Bytes that the value takes inside a container, beside its slot.
+    qint64 storageInside() const;
+
+    QJsonValue mValue;
+    qint64 mStorage = kUncounted; ///< of an array or object; means nothing for other types
+};
+
+/// Writes "XJsonValue(kind, contents)"; containers in their compact text form.
+VORJSON_EXPORT QDebug operator<<(QDebug debug, const XJsonValue &value);
+
+} // namespace VorSystem

@@ -1,0 +1,192 @@
+#include <VorJson/XJsonObject.h>
+
+#include "JsonStorage.h"
+#include "JsonText.h"
+
+namespace VorSystem
+{
+
+XJsonObject::XJsonObject(std::initializer_list<QPair<QString, XJsonValue>> members)
+{
+    for (const QPair<QString, XJsonValue> &member : members)
+        insert(member.first, member.second);
+}
+
+XJsonObject XJsonObject::fromVariantMap(const QVariantMap &variants)
+{
+    XJsonObject object;
+    for (auto member = variants.constBegin(); member != variants.constEnd(); ++member)
+        object.insert(member.key(), XJsonValue::fromVariant(member.value()));
+    return object;
+}
+
+XJsonObject XJsonObject::fromVariantHash(const QVariantHash &variants)
+{
+    XJsonObject object;
+    for (auto member = variants.constBegin(); member != variants.constEnd(); ++member)
+        object.insert(member.key(), XJsonValue::fromVariant(member.value()));
+    return object;
+}
+
+XJsonObject XJsonObject::fromJsonObject(const QJsonObject &object)
+{
+    XJsonObject converted;
+    for (auto member = object.constBegin(); member != object.constEnd(); ++member)
+        converted.insert(member.key(), XJsonValue::fromJsonValue(member.value()));
+    return converted;
+}
+
+QVariantMap XJsonObject::toVariantMap() const
+{
+    QVariantMap variants;
+    for (const_iterator member = begin(); member != end(); ++member)
+        variants.insert(member.key(), member.value().toVariant());
+    return variants;
+}
+
+QVariantHash XJsonObject::toVariantHash() const
+{
+    QVariantHash variants;
+    for (const_iterator member = begin(); member != end(); ++member)
+        variants.insert(member.key(), member.value().toVariant());
+    return variants;
+}
+
+QJsonObject XJsonObject::toJsonObject() const
+{
+    QJsonObject object;
+    for (const_iterator member = begin(); member != end(); ++member)
+        object.insert(member.key(), member.value().toJsonValue());
+    return object;
+}
+
+QByteArray XJsonObject::toText(XJsonFormat format) const
+{
+    return JsonText::of(mObject, format);
+}
+
+XJsonValueRef XJsonObject::operator[](const QString &key)
+{
+    const int index = position(key);
+    if (holdsIndex(index))
+        return XJsonValueRef(this, index);
+    return XJsonValueRef(this, insert(key, XJsonValue()).mIndex);
+}
+
+XJsonObject::iterator XJsonObject::insert(const QString &key, const XJsonValue &value)
+{
+    giveStorage();
+    if (value.isUndefined()) {
+        remove(key);
+        return end();
+    }
+
+    const int index = position(key);
+    if (holdsIndex(index))
+        return writeAt(index, value) ? iterator(this, index) : end();
+    if (!admit(JsonStorage::ofKey(key) + value.storageInside(), 0))
+        return end();
+    const QJsonObject::iterator place = mObject.insert(key, value.mValue);
+    return iterator(this, place - mObject.begin());
+}
+
+void XJsonObject::remove(const QString &key)
+{
+    take(key);
+}
+
+XJsonValue XJsonObject::take(const QString &key)
+{
+    return takeAt(position(key));
+}
+
+XJsonObject::iterator XJsonObject::erase(iterator place)
+{
+    takeAt(place.mIndex);
+    return place;
+}
+
+XJsonObject::iterator XJsonObject::begin()
+{
+    giveStorage();
+    return iterator(this, 0);
+}
+
+XJsonObject::iterator XJsonObject::end()
+{
+    giveStorage();
+    return iterator(this, size());
+}
+
+XJsonObject::iterator XJsonObject::find(const QString &key)
+{
+    giveStorage();
+    return iterator(this, position(key));
+}
+
+bool XJsonObject::operator==(const XJsonObject &other) const
+{
+    return XJsonValue(*this) == XJsonValue(other);
+}
+
+QString XJsonObject::keyAt(int index) const
+{
+    return holdsIndex(index) ? (mObject.constBegin() + index).key() : QString();
+}
+
+XJsonValue XJsonObject::valueAt(int index) const
+{
+    return holdsIndex(index) ? XJsonValue((mObject.constBegin() + index).value()) : XJsonValue::Undefined;
+}
+
+int XJsonObject::position(const QString &key) const
+{
+    return isEmpty() ? 0 : mObject.constFind(key) - mObject.constBegin();
+}
+
+void XJsonObject::giveStorage()
+{
+    if (!hasStorage())
+        mStorage = JsonStorage::kEmptyContainer;
+}
+
+bool XJsonObject::admit(qint64 asked, qint64 freed)
+{
+    if (mStorage == XJsonValue::kUncounted)
+        mStorage = JsonStorage::ofTree(mObject);
+    if (!JsonStorage::fits(mStorage, asked, freed))
+        return false;
+    mStorage += asked - freed;
+    return true;
+}
+
+bool XJsonObject::writeAt(int index, const XJsonValue &value)
+{
+    if (!holdsIndex(index))
+        return false;
+    if (value.isUndefined()) {
+        takeAt(index);
+        return false;
+    }
+
+    const qint64 keyBytes = JsonStorage::ofKey(keyAt(index));
+    if (!admit(keyBytes + value.storageInside(), keyBytes + valueAt(index).storageInside()))
+        return false;
+    *(mObject.begin() + index) = value.mValue;
+    return true;
+}
+
+XJsonValue XJsonObject::takeAt(int index)
+{
+    if (!holdsIndex(index))
+        return XJsonValue::Undefined;
+    XJsonValue taken = valueAt(index);
+    if (mStorage != XJsonValue::kUncounted) {
+        taken.mStorage = taken.storageInside();
+        mStorage -= JsonStorage::ofKey(keyAt(index)) + taken.mStorage;
+    }
+    mObject.erase(mObject.begin() + index);
+    return taken;
+}
+
+} // namespace VorSystem
