@@ -16,11 +16,6 @@ VorCoreApplication *current = nullptr;
 
 } // namespace
 
-struct VorCoreApplication::UnitState {
-    LengthUnit chosen;
-    int resets = 0; // batons alive
-};
-
 // Stands below all others and is on no chain itself.
 class VorCoreApplication::DefaultApplication : public VorCoreApplication
 {
@@ -34,7 +29,7 @@ VorCoreApplication::VorCoreApplication() : VorCoreApplication(Standing())
     current = this;
 }
 
-VorCoreApplication::VorCoreApplication(Standing) : mUnitState(std::make_shared<UnitState>()) {}
+VorCoreApplication::VorCoreApplication(Standing) : mResetToken(std::make_shared<char>()) {}
 
 VorCoreApplication::~VorCoreApplication()
 {
@@ -58,19 +53,18 @@ VorCoreApplication &VorCoreApplication::instance()
 
 LengthUnit VorCoreApplication::lengthUnit() const noexcept
 {
-    return mUnitState->resets > 0 ? LengthUnit::centimetre() : mUnitState->chosen;
+    return mResetToken.use_count() > 1 ? LengthUnit::centimetre() : mUnit;
 }
 
 void VorCoreApplication::setLengthUnit(const LengthUnit &unit) noexcept
 {
-    mUnitState->chosen = unit;
+    mUnit = unit;
 }
 
 RelayBaton VorCoreApplication::resetAppUnitToCentimetre()
 {
-    RelayBaton baton([state = mUnitState] { --state->resets; });
-    ++mUnitState->resets;
-    return baton;
+    // Nothing is left to do at the end: the function dies with the baton, and its hold of the token with it.
+    return RelayBaton([token = mResetToken] { Q_UNUSED(token) });
 }
 
 void VorCoreApplication::showMessage(const QString &text, const QString &title, int)

@@ -3,20 +3,11 @@
 
 #include <VorGeo/GeoAlgorithms.h>
 
-#include <cmath>
-
 namespace VorSystem
 {
 
 // Constant-initialised: valid before any other static object is made.
 const GeoPoint2D GeoPoint2D::Point2D_Nul(0.0, 0.0);
-
-double GeoPoint2D::distance(const GeoPoint2D &other) const noexcept
-{
-    const double dx = other.mX - mX;
-    const double dy = other.mY - mY;
-    return std::sqrt(dx * dx + dy * dy);
-}
 
 GeoPoint2D GeoPoint2D::projected(const GeoPoint2D &a, const GeoPoint2D &b) const noexcept
 {

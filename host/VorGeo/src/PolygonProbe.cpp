@@ -3,14 +3,27 @@
 
 #include <VorGeo/GeoAlgorithms.h>
 
+#include <algorithm>
+
 namespace VorSystem::Geo
 {
+
+namespace
+{
+
+// The bounds of an edge answer most points without a square root.
+bool isNear(double place, double from, double to) noexcept
+{
+    return place >= std::min(from, to) - kOnSegment && place <= std::max(from, to) + kOnSegment;
+}
+
+} // namespace
 
 void PolygonProbe::addEdge(const GeoPoint2D &from, const GeoPoint2D &to) noexcept
 {
     if (mOnBorder)
         return;
-    if (isBetween(from, {mX, mY}, to)) {
+    if (isNear(mX, from.mX, to.mX) && isNear(mY, from.mY, to.mY) && isBetween(from, {mX, mY}, to)) {
         mOnBorder = true;
         return;
     }

@@ -4,6 +4,7 @@
 #include "PlaneVector.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace VorSystem
 {
@@ -13,6 +14,12 @@ namespace
 
 // A triangle no higher than this over its longest side is flat: its points are those of its sides.
 constexpr double kFlat = 1e-9; // cm
+
+bool isInReach(double place, double a, double b, double c) noexcept
+{
+    return place >= std::min({a, b, c}) - TrianglePoint::kReach &&
+           place <= std::max({a, b, c}) + TrianglePoint::kReach;
+}
 
 // The corners in an order of the caller's choice, with their weights.
 struct WeightedSide {
@@ -47,9 +54,10 @@ bool findInside(const GeoPoint2D &point, const GeoPoint2D *const corners[3], con
     const double rest = 1.0 - apex - end;
     if (!(apex >= 0.0 && end >= 0.0 && rest >= 0.0))
         return false;
-    weights[side.opposite] = apex;
-    weights[side.end] = end;
-    weights[side.start] = rest;
+    // Adding zero turns a negative zero into zero.
+    weights[side.opposite] = apex + 0.0;
+    weights[side.end] = end + 0.0;
+    weights[side.start] = rest + 0.0;
     return true;
 }
 
@@ -75,6 +83,9 @@ double findNearestOnSides(const GeoPoint2D &point, const GeoPoint2D *const corne
 
 bool TrianglePoint::contains(const GeoPoint2D &point, TripletReal &coordinates) const noexcept
 {
+    // Most triangles asked lie elsewhere: their bounds answer first.
+    if (!(isInReach(point.mX, mA.mX, mB.mX, mC.mX) && isInReach(point.mY, mA.mY, mB.mY, mC.mY)))
+        return false;
     const GeoPoint2D *const corners[3] = {&mA, &mB, &mC};
     const Geo::Heading headings[3] = {Geo::heading(mA, mB), Geo::heading(mB, mC), Geo::heading(mC, mA)};
     double weights[3];

@@ -21,8 +21,9 @@ public:
     /// A length of this unit in centimetres. For the centimetre itself nothing changes, to the last bit.
     double toCentimeter(double length) const noexcept { return length * mNumerator / mDenominator; }
 
-    /// A length in centimetres in this unit.
-    double fromCentimeter(double length) const noexcept { return length * mDenominator / mNumerator; }
+    /// A length in centimetres in this unit: of the numbers that toCentimeter takes back to length, one with
+    /// at most 15 digits where there is one. So what a user typed is shown as it was typed.
+    double fromCentimeter(double length) const noexcept;
 
     /// The usual short sign: cm, mm, in.
     QLatin1String symbol() const noexcept { return QLatin1String(mSymbol); }

@@ -50,12 +50,14 @@ private:
     class DefaultApplication;
     struct Standing {
     };
-    struct UnitState;
 
     explicit VorCoreApplication(Standing);
 
     VorCoreApplication *mPrevious = nullptr; // the one that stood before; null at the bottom
-    std::shared_ptr<UnitState> mUnitState;   // shared with the batons
+    LengthUnit mUnit;
+    // Held by this object and by each baton of resetAppUnitToCentimetre: more than one holder resets the
+    // unit.
+    std::shared_ptr<const void> mResetToken;
 };
 
 } // namespace VorSystem

@@ -11,7 +11,7 @@ class VORGEO_EXPORT GeoObject
 {
 public:
     constexpr GeoObject() noexcept = default;
-    virtual ~GeoObject();
+    virtual ~GeoObject() = default;
 
     GeoObject(const GeoObject &) noexcept = default;
     GeoObject &operator=(const GeoObject &) noexcept = default;

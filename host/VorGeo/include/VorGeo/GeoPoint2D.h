@@ -3,6 +3,8 @@
 
 #include <VorGeo/GeoObject.h>
 
+#include <cmath>
+
 namespace VorSystem
 {
 
@@ -29,7 +31,12 @@ public:
     GeoPoint2D operator-(const GeoPoint2D &other) const noexcept { return {mX - other.mX, mY - other.mY}; }
 
     /// Euclidean distance in centimetres.
-    double distance(const GeoPoint2D &other) const noexcept;
+    double distance(const GeoPoint2D &other) const noexcept
+    {
+        const double dx = other.mX - mX;
+        const double dy = other.mY - mY;
+        return std::sqrt(dx * dx + dy * dy);
+    }
 
     /// The foot of this point on the line through a and b; a when a and b are one place.
     GeoPoint2D projected(const GeoPoint2D &a, const GeoPoint2D &b) const noexcept;

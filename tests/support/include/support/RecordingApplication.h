@@ -5,7 +5,8 @@
 #include <QStringList>
 #include <VorCore/VorCoreApplication.h>
 
-namespace support {
+namespace support
+{
 
 /// Stands as the application while it lives; shows nothing and answers every question with mAnswer.
 class RecordingApplication : public VorSystem::VorCoreApplication
