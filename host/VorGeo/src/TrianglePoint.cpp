@@ -21,13 +21,13 @@ bool isInReach(double place, double a, double b, double c) noexcept
            place <= std::max({a, b, c}) + TrianglePoint::kReach;
 }
 
-// The corners in an order of the caller's choice, with their weights.
-struct WeightedSide {
+// A side and the corner opposite to it, as indices of corners; side i runs along heading i.
+struct TriangleSide {
     int start;
     int end;
     int opposite;
 };
-constexpr WeightedSide kSides[] = {{0, 1, 2}, {1, 2, 0}, {2, 0, 1}};
+constexpr TriangleSide kSides[] = {{0, 1, 2}, {1, 2, 0}, {2, 0, 1}};
 
 // Whether point lies inside a triangle that is not flat, and then its weights.
 //
@@ -40,7 +40,7 @@ bool findInside(const GeoPoint2D &point, const GeoPoint2D *const corners[3], con
         std::max_element(headings, headings + 3, [](const Geo::Heading &one, const Geo::Heading &other) {
             return one.length < other.length;
         });
-    const WeightedSide &side = kSides[longest - headings];
+    const TriangleSide &side = kSides[longest - headings];
     const GeoPoint2D &start = *corners[side.start];
 
     const Geo::Step toApex = Geo::stepBetween(start, *corners[side.opposite]);
@@ -67,7 +67,7 @@ double findNearestOnSides(const GeoPoint2D &point, const GeoPoint2D *const corne
 {
     double nearest = std::numeric_limits<double>::infinity();
     for (int i = 0; i < 3; ++i) {
-        const WeightedSide &side = kSides[i];
+        const TriangleSide &side = kSides[i];
         const Geo::NearestOnSegment found = Geo::nearestOnSegment(point, *corners[side.start], headings[i]);
         if (!(found.distance < nearest))
             continue;
