@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace VorSystem
@@ -54,6 +55,8 @@ public:
 
     /// Takes over a free vector as the last own vector. False for null, an owned vector or a full group.
     bool groupAddVector(CDbPointVOR *v);
+    /// Gives an own vector back to the caller, unless a line, curve, dart, pair or mark uses it.
+    bool groupTakeVector(CDbPointVOR *v);
     /// A new own vector at a place; null when the group is full.
     CDbPointVOR *addOwnVector(const GeoPoint2D &place, int kind = 0, const RegularSteps *steps = nullptr);
 
@@ -115,10 +118,12 @@ public:
     // Lines, curves, darts, gabarits
     // ---------------------------------------------------------------------------
 
-    /// v is a point of a curve. The flags ask for contour curves, for inner curves, for handles too, and for
-    /// the end points. The owners come back where they are asked for; null when there are none.
-    bool isVectorInGroupCurve(const CDbPointVOR *v, bool onContour, bool inside, bool handles, bool endPoints,
-                              GabaritObject **gabarit, LineObject **line, CurveObject **curve) const;
+    /// v belongs to a curve. The flags ask for curves on contours, for curves inside, for inner points and
+    /// handles, and for end points. The owners come back; all null when there is none, gabarit null for a
+    /// curve inside.
+    bool isVectorInGroupCurve(const CDbPointVOR *v, bool onContour, bool inside, bool innerPoints,
+                              bool endPoints, GabaritObject **gabarit, LineObject **line,
+                              CurveObject **curve) const;
     /// The line is part of a dart's leg.
     bool pICIsLine(const LineObject *line, DartContour **dart) const;
     /// The line that follows on the same leg past the end vector, and its other end; null at the end of the
@@ -170,8 +175,11 @@ private:
     void enroll(CDbPointVOR *v);
     void strike(const CDbPointVOR *v);
     bool uses(const CDbPointVOR *v) const;
-    void rebuildDependents(int sizePosition);
-    void recordLegShapes(const GradationData *gradation);
+    void release(GabaritObject *gabarit);
+    void forgetContour(const GabaritObject *doomed);
+    bool isDartPossible(const GabaritObject *gabarit, const CDbPointVOR *pivot) const;
+    void rebuildDependents(short sizeNumber, const GradationData *gradation);
+    const std::vector<std::pair<const CDbPointVOR *, LineObject *>> &curvesByVector() const;
 
     QString mName;
     QString mCloneOf;
@@ -180,6 +188,9 @@ private:
     int mLastIdentity = 0;
     GabaritObject *mFirstGabarit = nullptr;
     std::vector<LineObject *> mLines;
+    /// Which curves a vector is a point or a handle of; sorted, made at the first question after a change.
+    mutable std::vector<std::pair<const CDbPointVOR *, LineObject *>> mCurvesByVector;
+    mutable bool mCurvesByVectorIsFresh = false;
     std::vector<Notch> mNotches;
     std::vector<GrainLine> mGrainLines;
     std::vector<InnerLine> mInnerLines;

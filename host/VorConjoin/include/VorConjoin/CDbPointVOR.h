@@ -113,6 +113,9 @@ public:
     /// Gives a free vector an identity; false when a group holds it.
     bool setIdentity(const CDbID &identity);
 
+    /// Puts a vector that was left in a size back to its place in the nest.
+    void returnToNest();
+
     bool isAnchor() const { return mVectorKind == Vector_Corner || mVectorKind == Vector_Curve; }
     /// Number of setVectorInIrregular that are not yet undone.
     int gradingDepth() const { return mDepth; }
@@ -126,15 +129,16 @@ public:
     IrregularGradationData *mIrregularGradation = nullptr; ///< owned; null while graded regularly
 
 private:
+    friend class CDbGroupObject;
     friend class VectorChain;
 
     CDbPointVOR();
     ~CDbPointVOR() override;
 
-    void returnToNest();
     void dropEvolutions();
     void takeGradingOf(const CDbPointVOR &other);
-    bool endFitting(bool keepFitted);
+    void fitEvolutions(short sizeCount, short nestNumber);
+    void restoreUnfitted();
 
     RegularSteps mSteps;
     IrregularGradationData *mUnfitted =

@@ -11,7 +11,7 @@ namespace VorSystem
 
 class CDbGroupObject;
 class CDbPointVOR;
-class GabaritObject;
+class GradationData;
 class LineObject;
 
 /// Role of a vector in its dart, in contour order.
@@ -49,12 +49,30 @@ public:
     /// leg is 0 for the leg that ends in role 1, 1 for that which ends in role 3.
     const Leg &leg(int which) const { return mLegs[which == 0 ? 0 : 1]; }
     bool hasLine(const LineObject *line) const;
-    /// The line after this one on its leg, seen from the pivot; null at the contour.
-    LineObject *lineAfter(const LineObject *line) const;
+    /// The line that joins this one on its leg at an end vector; null at the ends of the leg.
+    LineObject *lineBeyond(const LineObject *line, const CDbPointVOR *end) const;
     /// Length of a leg from pivot to contour in the current size, cm.
     double legLength(int which) const;
     /// Every vector strictly between pivot and contour on a leg, from the pivot outwards.
     std::vector<CDbPointVOR *> innerLegVectors(int which) const;
+
+    /// Takes the legs as they are now, in every size, as the shape that rebuilds restore. Called when the
+    /// dart is added; call it again after the inner leg vectors were placed or graded anew by hand.
+    void recordLegShapes();
+    /// Takes over the recorded shapes of the dart this one is a copy of.
+    void takeLegShapesOf(const DartContour &source);
+    /// True when pivot and mouth make legs of equal length, within 1e-6 cm, now and as the vectors are
+    /// graded.
+    bool legsAreEqualInEverySize() const;
+
+    /// What a rebuild restores, in the size the vectors stand in. Pivot: equal legs; nothing unless they were
+    /// made equal. Inner leg vectors: the recorded shape of that size. Cap: 0.5 cm outside the middle of the
+    /// mouth.
+    void restorePivot();
+    void restoreInnerLegs(short sizeNumber, const GradationData *gradation);
+    void restoreCap();
+    /// Working displacement of cap, pivot and inner leg vectors: the mean of roles 1 and 3.
+    void standardizeDisplacements();
 
     CDbPointVOR *mPivotVector = nullptr;
     CDbPointVOR *mPivotCopy = nullptr; ///< owned
@@ -64,7 +82,10 @@ public:
     std::array<Leg, 2> mLegs;          ///< lines from the pivot to the contour, not owned
 
 private:
+    void freeShapes();
+
     std::array<CDbPointVOR *, 3> mMouth;
+    std::array<std::vector<CDbPointVOR *>, 2> mShapes; ///< copies of pivot, inner vectors and end of each leg
 };
 
 } // namespace VorSystem

@@ -120,15 +120,17 @@ public:
     bool pICGabIsWhichDart(const CDbPointVOR *v, DartContour **dart, short *which) const;
     /// True when the edge between neighbours is the opening of a dart: it counts in no length.
     bool isDeadEdge(const CDbPointVOR *a, const CDbPointVOR *b) const;
-    /// Takes a dart over whose mouth lies on this contour, in contour order. False otherwise.
+    /// Takes a dart over. False, and the dart stays the caller's, unless the vectors of its mouth are
+    /// neighbours on this contour, in contour order.
     bool addDart(DartContour *dart);
+    /// Destroys a dart of this gabarit; its vectors and lines stay. False for a stranger.
+    bool removeDart(DartContour *dart);
 
     /// Working displacements of pleat vectors, and of caps, pivots and inner leg points, from their anchors.
     void PLI_ctlGabStandardizeEvolutions();
     void pICCtlGabStandardizeEvolutions();
-    /// Places of the same: what a rebuild restores. Pivots stay.
+    /// Puts the pleat vectors back on their edges.
     void restorePleats();
-    void restoreCaps();
 
     /// Makes v, on this contour, a pleat vector at parameter u (0 to 1) between the anchors a and b. False
     /// otherwise.
@@ -141,6 +143,9 @@ public:
     /// that falls off along the live length. The other end stays when endHeld, else moves with the pivot.
     void moveVectorContourBetween(CDbPointVOR *from, CDbPointVOR *to, CDbPointVOR *pivot, double dx,
                                   double dy, bool endHeld);
+
+    /// Parameter of a pleat vector between its anchors; 0 for another vector.
+    double pleatParameter(const CDbPointVOR *v) const;
 
     /// The group that holds this gabarit; null for temporaries.
     CDbGroupObject *group() const { return mGroup; }
@@ -161,6 +166,9 @@ private:
     };
 
     bool uses(const CDbPointVOR *v) const;
+    int stepsBetween(const CDbPointVOR *a, const CDbPointVOR *b, bool forward) const;
+    bool liesOnStretch(const CurveObject &curve, const CDbPointVOR *a, const CDbPointVOR *b,
+                       bool forward) const;
 
     VectorChain mContour;
     std::vector<Pleat> mPleats;

@@ -22,13 +22,13 @@ public:
     bool next(CDbPointVOR *&vector) override;
 
 protected:
-    void start(eTypeIterator type, GabaritObject *gabarit, const CDbGroupObject *group);
+    void start(eTypeIterator type, const GabaritObject *gabarit, const CDbGroupObject *group);
 
 private:
     bool step(CDbPointVOR *&vector);
 
-    GabaritObject *mGabarit = nullptr;      ///< whose contour is walked
-    const CDbGroupObject *mGroup = nullptr; ///< whose own vectors end the walk; null for one gabarit
+    const GabaritObject *mGabarit = nullptr; ///< whose contour is walked
+    const CDbGroupObject *mGroup = nullptr;  ///< whose own vectors end the walk; null for one gabarit
     std::size_t mPosition = 0;
     eTypeIterator mType = Iterator_All;
 };

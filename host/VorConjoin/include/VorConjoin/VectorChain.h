@@ -44,9 +44,6 @@ public:
     CDbPointVOR *neighbor(const CDbPointVOR *v, bool forward) const;
     const std::vector<CDbPointVOR *> &vectors() const { return mVectors; }
 
-    /// Gives a vector an identity, owned or not.
-    static void setIdentity(CDbPointVOR *v, int number);
-
 private:
     void relink(std::size_t from);
 
