@@ -20,6 +20,7 @@ class FrameMeasurementChart;
 class FrameSegment;
 class FrameSpec;
 class GestFrames;
+class NameIndex;
 class RelayBaton;
 
 /// A frame set: centers, links, segments, frames, specs and charts, each kind in the user's order.
@@ -188,6 +189,7 @@ protected:
 private:
     friend class GestFrames;
     friend class NameIndex;
+    friend class NamesWhileRead;
     /// The host's door to the removal of formulas: a class of this name, defined by the host, may call the
     /// three private operations below.
     friend class FormulaRemovalAccess;
@@ -210,6 +212,7 @@ private:
     GestFrames *mFrameManager = nullptr;                      ///< not owned
     OrderEvaluation mOrderEvaluation;
     QListEx<RemovedFormula> mRemovedFormulas;
+    const NameIndex *mNamesWhileRead = nullptr; ///< answers for the lists while they are filled from JSON
 };
 
 /// The one comparison of names: case and white space, wherever it stands, do not count.

@@ -1,0 +1,73 @@
+// Values per size in their stored form.
+
+#include "ValuesJson.h"
+
+#include <VorFrames/ValuesAccordingSizes.h>
+#include <VorJson/VorJson.h>
+
+#include <limits>
+
+namespace VorSystem
+{
+
+namespace
+{
+
+XJsonArray numbersToJson(const QListEx<double> &numbers)
+{
+    XJsonArray array;
+    for (const double number : numbers)
+        array.append(number);
+    return array;
+}
+
+// A cast would turn a position that is far too large into one that looks sound.
+short nestFromJson(const XJsonValue &value)
+{
+    const int nest = value.toInt(0);
+    using Limits = std::numeric_limits<short>;
+    return nest < Limits::min() || nest > Limits::max() ? short(0) : static_cast<short>(nest);
+}
+
+void appendValues(const XJsonArray &numbers, short nest, ValuesAccordingSizes &values)
+{
+    const int count = numbers.size();
+    values.mValues.reserve(values.mValues.count() + count);
+    for (int size = 0; size < count; ++size)
+        values.mValues.append(numbers.at(size).toDouble(0.0));
+    values.mNestIndex = nest;
+}
+
+} // namespace
+
+XJsonObject valuesToJson(const ValuesAccordingSizes &measures)
+{
+    XJsonObject object;
+    object.insert(QStringLiteral("index_medium"), int(measures.mNestIndex));
+    object.insert(QStringLiteral("measures"), numbersToJson(measures.mValues));
+    return object;
+}
+
+XJsonObject valuesToJson(const ValuesAccordingSizes &measures, const ValuesAccordingSizes &levels)
+{
+    XJsonObject object = valuesToJson(measures);
+    object.insert(QStringLiteral("levels"), numbersToJson(levels.mValues));
+    return object;
+}
+
+void valuesFromJson(const XJsonObject &object, ValuesAccordingSizes &measures)
+{
+    const short nest = nestFromJson(object.value(QStringLiteral("index_medium")));
+    if (object.contains(QStringLiteral("measures")))
+        appendValues(object.value(QStringLiteral("measures")).toArray(), nest, measures);
+}
+
+void valuesFromJson(const XJsonObject &object, ValuesAccordingSizes &measures, ValuesAccordingSizes &levels)
+{
+    valuesFromJson(object, measures);
+    const short nest = nestFromJson(object.value(QStringLiteral("index_medium")));
+    if (object.contains(QStringLiteral("levels")))
+        appendValues(object.value(QStringLiteral("levels")).toArray(), nest, levels);
+}
+
+} // namespace VorSystem
