@@ -33,7 +33,7 @@ public:
     ControlCenter(CDbPointVOR *vector1, CDbPointVOR *vector2, ControlSkeleton *skeleton, FrameCenter *center,
                   bool direction1To2);
     ControlCenter(ControlCenter *source, ControlSkeleton *target);
-    /// A plain copy shares the right region and is in no skeleton.
+    /// A plain copy shares the right region and is not entered into the skeleton.
     ControlCenter(const ControlCenter &other);
     ControlCenter &operator=(const ControlCenter &other);
 
@@ -65,6 +65,10 @@ public:
     void fromJson(const XJsonObject &object, class GestFrames *manager);
 
 private:
+    void enterSkeleton(int region);
+    void holdRightRegions();
+    void releaseRightRegions();
+
     FrameCenter *mFrameCenter = nullptr;  ///< not owned
     RightRegion *mRightRegions = nullptr; ///< owned, together with plain copies of this center
 };

@@ -7,12 +7,16 @@
 namespace VorSystem
 {
 
+class CDbGroupObject;
+class FrameCenter;
 class FrameFrame;
 class FrameLink;
 class FrameSet;
+class GabaritObject;
 class GeoPoint2D;
 class GeoRectangle;
 class GestFrames;
+class QuadrantGrid;
 
 /// The body of a frame: vector 1 on one side of the axis, vector 2 on the other; a null vector 2 means that
 /// the chord ends at the axis, one vector in both places that it is a single point.
@@ -81,11 +85,47 @@ public:
 private:
     friend class FrameLink;
 
+    /// The two vectors of the center.
+    struct Axis {
+        CDbPointVOR *center1;
+        CDbPointVOR *center2;
+    };
+    /// How a change of the measure is split between the sides, in centimetres.
+    struct Shares {
+        double side1 = 0.0;
+        double side2 = 0.0;
+    };
+    /// What a change wants in which sizes; a list is null when the change does not hold it.
+    struct Change {
+        const ValuesAccordingSizes *measures;
+        const ValuesAccordingSizes *levels;
+        const GradationData *gradation; ///< null when the nest alone moves
+        bool nestAlone;
+        bool everySize; ///< with evolutions: a nest is defined, and not it alone moves
+        int firstSize;
+        int endSize;
+    };
+
+    void enterSkeleton();
+    CDbGroupObject *group() const;
+    FrameCenter *frameCenter() const;
+    Axis axis() const;
+    double measureAsItStands() const;
+    double levelAsItStands(const ControlFrame *origin) const;
+    const ControlFrame *originIfAny() const;
+    const GradationData *ownGradation() const;
+    Shares sharesOf(double rest, const CDbPointVOR *crossing) const;
+    bool moveSide(double distance, short side);
     void setMeasureOnGabarit(double target, short *status);
     void adjustMeasureAxis(double distance, short side);
     bool adjustMeasureContour(double distance, short side);
     void setLevelOnGabarit(double target, short *status);
     bool setMeasureLevel(eMeasureLevel kind, double measure, double level);
+    void morphTheInside(QuadrantGrid &grid, GabaritObject *before);
+    bool isHeld(CDbPointVOR *vector) const;
+    eMsgConvergence moveEachSize(const Change &change, bool &moved);
+    void rebuildAndReadBack(bool everySize, const GradationData *gradation);
+    void notifyManager();
     ControlFrame *getFrameLevelZero() const;
 
     FrameFrame *mFrameFrame = nullptr; ///< not owned

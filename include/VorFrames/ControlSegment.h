@@ -8,6 +8,7 @@
 namespace VorSystem
 {
 
+class ControlCenter;
 class FrameSet;
 class GeoPoint2D;
 class GeoRectangle;
@@ -71,6 +72,13 @@ public:
 private:
     friend class FrameSegment;
 
+    void enterSkeleton();
+    CDbGroupObject *group() const;
+    GabaritObject *gabarit() const;
+    const ControlCenter *center() const;
+    double lengthAsItStands() const;
+    double lengthAlongSense(const CDbPointVOR *a, const CDbPointVOR *b) const;
+    static void keepOtherSizes(CDbPointVOR *vector);
     double displacementFactor(CDbPointVOR *vector, CDbPointVOR *attachment) const;
     eMsgConvergence calculateMaximumDisplacement(double target, GeoPoint2D *out);
     void moveVectorsInTheMediumNoGrade(const GeoPoint2D &displacement, bool shiftSizes);

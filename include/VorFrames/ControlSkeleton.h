@@ -105,6 +105,10 @@ public:
     void fromJson(const XJsonObject &object, GestFrames *manager);
 
 private:
+    friend class ControlFrame;
+
+    void deleteControls();
+
     ControlCenter *mCenter = nullptr;    ///< owned
     QListEx<ControlFrame *> mFrames;     ///< owned
     QListEx<ControlSegment *> mSegments; ///< owned
