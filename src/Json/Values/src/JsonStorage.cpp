@@ -25,10 +25,7 @@ qint64 roundedToFour(qint64 bytes)
 
 bool isLatin1(const QString &text)
 {
-    ushort bits = 0;
-    for (const QChar character : text)
-        bits = static_cast<ushort>(bits | character.unicode());
-    return bits <= 0xff;
+    return std::all_of(text.begin(), text.end(), [](QChar character) { return character.unicode() <= 0xff; });
 }
 
 int asMessageNumber(qint64 bytes)
@@ -86,14 +83,16 @@ qint64 ofTree(const QJsonValue &value)
     return bytes;
 }
 
-bool fits(qint64 storage, qint64 asked, qint64 freed)
+bool admit(qint64 &storage, qint64 asked, qint64 freed)
 {
-    if (storage - freed + asked < kLimit)
-        return true;
-
-    qWarning("QJson: Document too large to store in data structure %d %d %d", asMessageNumber(storage),
-             asMessageNumber(asked), asMessageNumber(kLimit));
-    return false;
+    const qint64 changed = storage - freed + asked;
+    if (changed >= kLimit) {
+        qWarning("QJson: Document too large to store in data structure %d %d %d", asMessageNumber(storage),
+                 asMessageNumber(asked), asMessageNumber(kLimit));
+        return false;
+    }
+    storage = changed;
+    return true;
 }
 
 } // namespace JsonStorage

@@ -28,8 +28,9 @@ qint64 ofNumber(double number);
 /// Bytes of a value with all that is in it. Walks the whole of a container, without recursion.
 qint64 ofTree(const QJsonValue &value);
 
-/// True when storage changed by asked and freed bytes stays below the limit; otherwise warns.
-bool fits(qint64 storage, qint64 asked, qint64 freed);
+/// Adds the bytes asked for to the storage and takes the freed ones off. False, with a warning and no change,
+/// when the storage would reach the limit.
+bool admit(qint64 &storage, qint64 asked, qint64 freed);
 
 } // namespace JsonStorage
 } // namespace VorSystem

@@ -76,12 +76,17 @@ bool XJsonArray::contains(const XJsonValue &value) const
     return false;
 }
 
+void XJsonArray::append(const XJsonValue &value)
+{
+    insert(size(), value);
+}
+
 void XJsonArray::insert(int index, const XJsonValue &value)
 {
     giveStorage();
     if (index < 0 || index > size() || !admit(JsonStorage::kArraySlot + value.storageInside(), 0))
         return;
-    mArray.insert(index, value.isUndefined() ? QJsonValue() : value.mValue);
+    mArray.insert(index, storedForm(value));
 }
 
 void XJsonArray::replace(int index, const XJsonValue &value)
@@ -89,9 +94,8 @@ void XJsonArray::replace(int index, const XJsonValue &value)
     if (!holdsIndex(index))
         return;
     const qint64 freed = JsonStorage::kArraySlot + at(index).storageInside();
-    if (!admit(JsonStorage::kArraySlot + value.storageInside(), freed))
-        return;
-    mArray.replace(index, value.isUndefined() ? QJsonValue() : value.mValue);
+    if (admit(JsonStorage::kArraySlot + value.storageInside(), freed))
+        mArray.replace(index, storedForm(value));
 }
 
 void XJsonArray::removeAt(int index)
@@ -156,6 +160,12 @@ bool XJsonArray::operator==(const XJsonArray &other) const
     return XJsonValue(*this) == XJsonValue(other);
 }
 
+const QJsonValue &XJsonArray::storedForm(const XJsonValue &value)
+{
+    static const QJsonValue null;
+    return value.mStorage < 0 && value.isUndefined() ? null : value.mValue;
+}
+
 void XJsonArray::giveStorage()
 {
     if (!hasStorage())
@@ -166,10 +176,7 @@ bool XJsonArray::admit(qint64 asked, qint64 freed)
 {
     if (mStorage == XJsonValue::kUncounted)
         mStorage = JsonStorage::ofTree(mArray);
-    if (!JsonStorage::fits(mStorage, asked, freed))
-        return false;
-    mStorage += asked - freed;
-    return true;
+    return JsonStorage::admit(mStorage, asked, freed);
 }
 
 } // namespace VorSystem

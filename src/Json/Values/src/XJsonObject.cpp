@@ -68,26 +68,23 @@ QByteArray XJsonObject::toText(XJsonFormat format) const
 XJsonValueRef XJsonObject::operator[](const QString &key)
 {
     const int index = position(key);
-    if (holdsIndex(index))
-        return XJsonValueRef(this, index);
-    return XJsonValueRef(this, insert(key, XJsonValue()).mIndex);
+    return XJsonValueRef(this, index < size() ? index : insertNew(key, XJsonValue()));
 }
 
 XJsonObject::iterator XJsonObject::insert(const QString &key, const XJsonValue &value)
 {
     giveStorage();
-    if (value.isUndefined()) {
+    if (value.mStorage < 0 && value.isUndefined()) {
         remove(key);
         return end();
     }
 
-    const int index = position(key);
-    if (holdsIndex(index))
-        return writeAt(index, value) ? iterator(this, index) : end();
-    if (!admit(JsonStorage::ofKey(key) + value.storageInside(), 0))
-        return end();
-    const QJsonObject::iterator place = mObject.insert(key, value.mValue);
-    return iterator(this, place - mObject.begin());
+    int index = position(key);
+    if (index == size())
+        index = insertNew(key, value);
+    else if (!writeAt(index, value))
+        index = size();
+    return iterator(this, index);
 }
 
 void XJsonObject::remove(const QString &key)
@@ -136,7 +133,7 @@ QString XJsonObject::keyAt(int index) const
 
 XJsonValue XJsonObject::valueAt(int index) const
 {
-    return holdsIndex(index) ? XJsonValue((mObject.constBegin() + index).value()) : XJsonValue::Undefined;
+    return XJsonValue(mObject, index);
 }
 
 int XJsonObject::position(const QString &key) const
@@ -154,25 +151,31 @@ bool XJsonObject::admit(qint64 asked, qint64 freed)
 {
     if (mStorage == XJsonValue::kUncounted)
         mStorage = JsonStorage::ofTree(mObject);
-    if (!JsonStorage::fits(mStorage, asked, freed))
-        return false;
-    mStorage += asked - freed;
-    return true;
+    return JsonStorage::admit(mStorage, asked, freed);
+}
+
+int XJsonObject::insertNew(const QString &key, const XJsonValue &value)
+{
+    giveStorage();
+    if (!admit(JsonStorage::ofKey(key) + value.storageInside(), 0))
+        return size();
+    return mObject.insert(key, value.mValue) - QJsonObject::iterator(&mObject, 0);
 }
 
 bool XJsonObject::writeAt(int index, const XJsonValue &value)
 {
     if (!holdsIndex(index))
         return false;
-    if (value.isUndefined()) {
+    if (value.mStorage < 0 && value.isUndefined()) {
         takeAt(index);
         return false;
     }
 
+    // The key stays, so its bytes are asked for and freed.
     const qint64 keyBytes = JsonStorage::ofKey(keyAt(index));
     if (!admit(keyBytes + value.storageInside(), keyBytes + valueAt(index).storageInside()))
         return false;
-    *(mObject.begin() + index) = value.mValue;
+    QJsonValueRef(&mObject, index) = value.mValue;
     return true;
 }
 

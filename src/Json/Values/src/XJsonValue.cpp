@@ -31,16 +31,32 @@ bool sameScalar(const QJsonValue &left, const QJsonValue &right)
 
 } // namespace
 
-XJsonValue::XJsonValue(Type type) : mValue(static_cast<QJsonValue::Type>(type)), mStorage(kNoStorage) {}
+XJsonValue::XJsonValue(Type type) : mValue(static_cast<QJsonValue::Type>(type))
+{
+    if (JsonCursor::isContainer(mValue))
+        mStorage = kNoStorage;
+}
+
+XJsonValue::XJsonValue(double number)
+    : mValue(JsonNumber::held(number)), mStorage(JsonStorage::ofNumber(number))
+{
+}
+
+XJsonValue::XJsonValue(const QString &text) : mValue(text), mStorage(JsonStorage::ofText(text)) {}
 
 XJsonValue::XJsonValue(const XJsonArray &array) : mValue(array.mArray), mStorage(array.mStorage) {}
 
 XJsonValue::XJsonValue(const XJsonObject &object) : mValue(object.mObject), mStorage(object.mStorage) {}
 
-double XJsonValue::heldForm(double number)
+XJsonValue::XJsonValue(const QJsonArray &array, int index) : mValue(array.at(index)) {}
+
+XJsonValue::XJsonValue(const QJsonObject &object, int index)
+    : mValue(index >= 0 && index < object.size() ? (object.constBegin() + index).value()
+                                                 : QJsonValue(QJsonValue::Undefined))
 {
-    return JsonNumber::held(number);
 }
+
+XJsonValue::XJsonValue(const QJsonObject &object, const QString &key) : mValue(object.value(key)) {}
 
 double XJsonValue::shownForm(double number)
 {
@@ -111,11 +127,8 @@ QJsonValue XJsonValue::toJsonValue() const
 
 int XJsonValue::toInt(int defaultValue) const
 {
-    if (!isDouble())
-        return defaultValue;
-
-    // Outside the range the cast below would be undefined; NaN fails both comparisons.
-    const double number = toDouble();
+    // Outside the range the cast below would be undefined; NaN, also of another type, fails both comparisons.
+    const double number = toDouble(std::numeric_limits<double>::quiet_NaN());
     if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max()))
         return defaultValue;
     const int integral = static_cast<int>(number);
@@ -124,26 +137,22 @@ int XJsonValue::toInt(int defaultValue) const
 
 XJsonArray XJsonValue::toArray() const
 {
-    return toArray(XJsonArray());
+    return XJsonArray(mValue, isArray() ? mStorage : kNoStorage);
 }
 
 XJsonObject XJsonValue::toObject() const
 {
-    return toObject(XJsonObject());
+    return XJsonObject(mValue, isObject() ? mStorage : kNoStorage);
 }
 
 XJsonArray XJsonValue::toArray(const XJsonArray &defaultValue) const
 {
-    if (!isArray() || mStorage == kNoStorage)
-        return defaultValue;
-    return XJsonArray(mValue.toArray(), mStorage);
+    return isArray() && mStorage != kNoStorage ? toArray() : defaultValue;
 }
 
 XJsonObject XJsonValue::toObject(const XJsonObject &defaultValue) const
 {
-    if (!isObject() || mStorage == kNoStorage)
-        return defaultValue;
-    return XJsonObject(mValue.toObject(), mStorage);
+    return isObject() && mStorage != kNoStorage ? toObject() : defaultValue;
 }
 
 bool XJsonValue::operator==(const XJsonValue &other) const
@@ -189,22 +198,10 @@ bool XJsonValue::operator==(const XJsonValue &other) const
     return true;
 }
 
-qint64 XJsonValue::storageInside() const
+qint64 XJsonValue::countedStorage() const
 {
-    switch (type()) {
-    case Double: return JsonStorage::ofNumber(toDouble());
-    case String: return JsonStorage::ofText(mValue.toString());
-    case Array:
-    case Object:
-        // Without storage outside, it gets an empty one inside.
-        if (mStorage == kNoStorage)
-            return JsonStorage::kEmptyContainer;
-        return mStorage == kUncounted ? JsonStorage::ofTree(mValue) : mStorage;
-    case Null:
-    case Bool:
-    case Undefined: break;
-    }
-    return 0;
+    // A container without storage outside gets an empty one inside.
+    return mStorage == kNoStorage ? JsonStorage::kEmptyContainer : JsonStorage::ofTree(mValue);
 }
 
 } // namespace VorSystem

@@ -73,7 +73,7 @@ public:
     bool isEmpty() const { return mArray.isEmpty(); }
     bool empty() const { return isEmpty(); }
 
-    XJsonValue at(int index) const { return XJsonValue(mArray.at(index)); }
+    XJsonValue at(int index) const { return XJsonValue(mArray, index); }
     XJsonValue first() const { return at(0); }
     XJsonValue last() const { return at(size() - 1); }
     XJsonValue operator[](int index) const { return at(index); }
@@ -83,7 +83,7 @@ public:
     XJsonValueRef operator[](int index) { return XJsonValueRef(this, index); }
 
     void prepend(const XJsonValue &value) { insert(0, value); }
-    void append(const XJsonValue &value) { insert(size(), value); }
+    void append(const XJsonValue &value);
     void insert(int index, const XJsonValue &value);
     void replace(int index, const XJsonValue &value);
     void removeAt(int index);
@@ -125,11 +125,12 @@ private:
     friend class XJsonIterator;
     friend VORJSON_EXPORT QDebug operator<<(QDebug debug, const XJsonArray &array);
 
-    XJsonArray(QJsonArray array, qint64 storage) : mArray(std::move(array)), mStorage(storage) {}
+    XJsonArray(const QJsonValue &value, qint64 storage) : mArray(value.toArray()), mStorage(storage) {}
 
     bool hasStorage() const { return mStorage != XJsonValue::kNoStorage; }
     bool holdsIndex(int index) const { return index >= 0 && index < size(); }
     XJsonValue valueAt(int index) const { return at(index); }
+    static const QJsonValue &storedForm(const XJsonValue &value);
     void giveStorage();
     bool admit(qint64 asked, qint64 freed);
 

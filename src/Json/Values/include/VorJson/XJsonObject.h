@@ -76,7 +76,7 @@ public:
     bool contains(const QString &key) const { return mObject.contains(key); }
 
     /// The value of the key; Undefined when the key is absent.
-    XJsonValue value(const QString &key) const { return XJsonValue(mObject.value(key)); }
+    XJsonValue value(const QString &key) const { return XJsonValue(mObject, key); }
     XJsonValue operator[](const QString &key) const { return value(key); }
 
     /// The place of the key, which is inserted with Null when absent: so reading this way changes the object.
@@ -117,7 +117,7 @@ private:
     friend class XJsonIterator;
     friend VORJSON_EXPORT QDebug operator<<(QDebug debug, const XJsonObject &object);
 
-    XJsonObject(QJsonObject object, qint64 storage) : mObject(std::move(object)), mStorage(storage) {}
+    XJsonObject(const QJsonValue &value, qint64 storage) : mObject(value.toObject()), mStorage(storage) {}
 
     bool hasStorage() const { return mStorage != XJsonValue::kNoStorage; }
     bool holdsIndex(int index) const { return index >= 0 && index < size(); }
@@ -127,6 +127,7 @@ private:
 
     void giveStorage();
     bool admit(qint64 asked, qint64 freed);
+    int insertNew(const QString &key, const XJsonValue &value);
     bool writeAt(int index, const XJsonValue &value);
     XJsonValue takeAt(int index);
 

@@ -42,14 +42,14 @@ public:
     };
 
     XJsonValue(Type type = Null);
-    XJsonValue(bool value) : mValue(value) {}
-    XJsonValue(int number) : mValue(number) {}
+    XJsonValue(bool value) : mValue(value), mStorage(0) {}
+    XJsonValue(int number) : XJsonValue(static_cast<double>(number)) {}
     XJsonValue(qint64 number) : XJsonValue(static_cast<double>(number)) {}
-    XJsonValue(double number) : mValue(number != 0.0 && number == number ? number : heldForm(number)) {}
-    XJsonValue(const QString &text) : mValue(text) {}
-    XJsonValue(QLatin1String text) : mValue(text) {}
+    XJsonValue(double number);
+    XJsonValue(const QString &text);
+    XJsonValue(QLatin1String text) : XJsonValue(QString(text)) {}
 #ifndef QT_NO_CAST_FROM_ASCII
-    XJsonValue(const char *utf8) : mValue(QString::fromUtf8(utf8)) {}
+    XJsonValue(const char *utf8) : XJsonValue(QString::fromUtf8(utf8)) {}
 #endif
     XJsonValue(const void *) = delete; // or else a pointer would quietly become a boolean
     XJsonValue(const XJsonArray &array);
@@ -148,25 +148,29 @@ private:
     friend class XJsonObject;
     friend class XJsonValueRef;
 
-    /// The count of storage of a container, where it is not a number of bytes.
+    /// Marks where a storage is no number of bytes.
     enum : qint64 {
-        kNoStorage = 0,
-        kUncounted = -1, ///< read out of another container: it has storage, how much is counted when needed
+        kUncounted = -1, ///< not counted yet: Undefined, and what was read out of a container
+        kNoStorage = -2, ///< an array or object without storage
     };
 
-    explicit XJsonValue(QJsonValue value, qint64 storage = kUncounted)
-        : mValue(std::move(value)), mStorage(storage)
-    {
-    }
+    // The forms with parameters of Qt's values read in place, which is cheaper than moving a value.
+    explicit XJsonValue(const QJsonValue &value) : mValue(value) {}
+    XJsonValue(const QJsonArray &array, int index);
+    XJsonValue(const QJsonObject &object, int index);
+    XJsonValue(const QJsonObject &object, const QString &key);
 
-    static double heldForm(double number);
     static double shownForm(double number);
 
     /// Bytes that the value takes inside a container, beside its slot.
-    qint64 storageInside() const;
+    qint64 storageInside() const
+    {
+        return mStorage >= 0 ? mStorage : countedStorage();
+    }
+    qint64 countedStorage() const;
 
     QJsonValue mValue;
-    qint64 mStorage = kUncounted; ///< of an array or object; means nothing for other types
+    qint64 mStorage = kUncounted; ///< bytes inside a container, or a mark
 };
 
 /// Writes "XJsonValue(kind, contents)"; containers in their compact text form.
