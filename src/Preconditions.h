@@ -10,6 +10,12 @@ namespace VorSystem
 /// Throws AssertionError; unit and signature must be literals, since only their addresses are kept.
 [[noreturn]] void invalidOperation(const char *unit, int line, const char *signature);
 
+/// Throws AssertionError with "Unexpected Data": a stored identity that cannot be found.
+[[noreturn]] void unexpectedData(const char *unit, int line, const char *signature);
+
+/// Throws FatalError with "Unexpected value": an enumerator outside its range.
+[[noreturn]] void unexpectedValue(const char *unit, int line, const char *signature);
+
 } // namespace VorSystem
 
 /// Requires condition. The file that uses it names its unit once: constexpr char kSourceUnit[] =

@@ -66,6 +66,9 @@ protected:
     ControlBase *skeletonElementPointedAtUs(ControlSkeleton *skeleton) override;
 
 private:
+    friend class ClearingOut;
+    friend class FrameSet;
+
     QListEx<FrameFrame *> mFrames; ///< in the user's order, not owned
     FrameFrame *mFrameLevelZero = nullptr;
     eCharacteristicType mCharacteristic = Characteristic_OneSideDoubled;

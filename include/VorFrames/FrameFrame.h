@@ -127,7 +127,9 @@ protected:
     bool testLevelsProposed(const QListEx<double> &levels);
 
 private:
-    void loseMeasureFormula(TreeEquations *reported, bool flag);
+    /// Reports and records the formula in the slot reported, where there is one, and drops the measure
+    /// formula.
+    void loseMeasureFormula(TreeEquations *FrameFrame::*reported, bool flag);
 
     TreeEquations *mFormulaMeasure = nullptr; ///< owned
     TreeEquations *mFormulaLevel = nullptr;   ///< owned

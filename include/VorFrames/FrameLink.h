@@ -6,6 +6,7 @@
 namespace VorSystem
 {
 
+class ControlLookup;
 class FrameFrame;
 
 /// A link: its measure is the sum of its frames' measures, its level the mean of their levels; a new total is
@@ -122,6 +123,10 @@ protected:
     bool testLevelsProposed(const QListEx<double> &levels);
 
 private:
+    friend class ClearingOut;
+    friend class FrameSet;
+    void unlinkFrames(ControlLookup &controls);
+
     TreeEquations *mFormulaMeasure = nullptr; ///< owned
     TreeEquations *mFormulaLevel = nullptr;   ///< owned
     QListEx<FrameFrame *> mFrames;            ///< in the order of linking, not owned

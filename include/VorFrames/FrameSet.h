@@ -187,6 +187,8 @@ protected:
     ControlBase *skeletonElementPointedAtUs(ControlSkeleton *skeleton) override;
 
 private:
+    friend class ClearingOut;
+    friend class FrameSegment; // tries the order when it takes a formula
     friend class GestFrames;
     friend class NameIndex;
     friend class NamesWhileRead;
@@ -202,6 +204,10 @@ private:
     bool removeFormulaOfGroup(CDbGroupObject *group);
     /// Asks, and removes nothing: does an element tied to the group have a formula?
     bool removeForm(CDbGroupObject *group);
+
+    /// Reports and records the measure formula of holder, or else its level formula, and drops it; false when
+    /// it has neither.
+    bool giveUpFormula(BaseFrame &holder, bool levelFlag);
 
     QListEx<FrameCenter *> mFrameCenters;                     ///< owned
     QListEx<FrameLink *> mFrameLinks;                         ///< owned

@@ -1,0 +1,64 @@
+// The names of a set as a hash, for the length of one call.
+//
+// Answers what FrameSet::foundElementAccordingName would, colliding names included. Nothing may rename, add
+// or take away an element behind its back: build it, use it, and drop it before the host is called.
+#pragma once
+
+#include <QHash>
+#include <QPair>
+#include <QString>
+
+namespace VorSystem
+{
+
+class BaseFrame;
+class FrameCenter;
+class FrameFrame;
+class FrameLink;
+class FrameMeasurementChart;
+class FrameSegment;
+class FrameSet;
+class FrameSpec;
+
+class NameIndex
+{
+public:
+    /// An empty index: the elements are entered as the set receives them.
+    NameIndex() = default;
+    /// All elements of the set as they stand.
+    explicit NameIndex(const FrameSet &set);
+
+    /// Enters an element that was appended to its list; an earlier one of the same name keeps its place.
+    void add(FrameCenter *center);
+    void add(FrameLink *link);
+    void add(FrameSegment *segment);
+    void add(FrameSpec *spec);
+    void add(FrameMeasurementChart *chart);
+    /// A frame is entered under its center and, after all other kinds, under its bare name.
+    void add(FrameFrame *frame);
+
+    FrameCenter *center(const QString &name) const;
+    FrameLink *link(const QString &name) const;
+    FrameSegment *segment(const QString &name) const;
+    FrameSpec *spec(const QString &name) const;
+    FrameMeasurementChart *chart(const QString &name) const;
+    /// The first frame of that bare name among the frames of the center.
+    FrameFrame *frameOf(FrameCenter *center, const QString &name) const;
+
+    /// As FrameSet::foundElementAccordingName.
+    BaseFrame *found(const QString &name, bool searchFrames) const;
+
+private:
+    template<class Element>
+    static void enter(QHash<QString, Element *> &names, Element *element);
+
+    QHash<QString, FrameCenter *> mCenters;
+    QHash<QString, FrameLink *> mLinks;
+    QHash<QString, FrameSegment *> mSegments;
+    QHash<QString, FrameSpec *> mSpecs;
+    QHash<QString, FrameMeasurementChart *> mCharts;
+    QHash<QPair<FrameCenter *, QString>, FrameFrame *> mFramesOfCenters;
+    QHash<QString, FrameFrame *> mFrames;
+};
+
+} // namespace VorSystem

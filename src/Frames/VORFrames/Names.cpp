@@ -1,0 +1,99 @@
+// Names as the library compares them: case and white space do not count.
+//
+// The comparison is that of QString without regard to case, over the texts without their white space: code
+// unit by code unit in simple case folding, where the second half of a surrogate pair stands for the whole
+// character.
+
+#include "VORFrames/Names.h"
+
+#include <VorFrames/FrameSet.h>
+
+namespace VorSystem
+{
+
+namespace
+{
+
+constexpr uint kNoMore = 0xffffffff; // no code point
+
+// Walks the folded units of a name without its white space.
+class FoldedUnits
+{
+public:
+    explicit FoldedUnits(const QString &name) : mNext(name.utf16()), mEnd(mNext + name.size()) {}
+
+    // The next folded unit; kNoMore at the end.
+    uint next()
+    {
+        while (mNext != mEnd) {
+            const uint unit = *mNext++;
+            if (QChar::isSpace(unit))
+                continue;
+            const uint previous = mLast;
+            mLast = unit;
+            if (unit < 0x80)
+                return unit >= 'A' && unit <= 'Z' ? unit + ('a' - 'A') : unit;
+            if (QChar::isLowSurrogate(unit) && QChar::isHighSurrogate(previous))
+                return QChar::toCaseFolded(
+                    QChar::surrogateToUcs4(static_cast<ushort>(previous), static_cast<ushort>(unit)));
+            return QChar::toCaseFolded(unit);
+        }
+        return kNoMore;
+    }
+
+private:
+    const ushort *mNext;
+    const ushort *mEnd;
+    uint mLast = 0;
+};
+
+} // namespace
+
+QString nameKey(const QString &name)
+{
+    QString key;
+    key.reserve(name.size());
+    FoldedUnits units(name);
+    for (uint unit = units.next(); unit != kNoMore; unit = units.next()) {
+        if (QChar::requiresSurrogates(unit)) {
+            key.append(QChar(QChar::highSurrogate(unit)));
+            key.append(QChar(QChar::lowSurrogate(unit)));
+        } else {
+            key.append(QChar(static_cast<ushort>(unit)));
+        }
+    }
+    return key;
+}
+
+NameMatcher::NameMatcher(const QString &name)
+{
+    mFolded.reserve(name.size());
+    FoldedUnits units(name);
+    for (uint unit = units.next(); unit != kNoMore; unit = units.next())
+        mFolded.append(unit);
+}
+
+bool NameMatcher::matches(const QString &other) const
+{
+    FoldedUnits units(other);
+    for (const uint wanted : mFolded) {
+        if (units.next() != wanted)
+            return false;
+    }
+    return units.next() == kNoMore;
+}
+
+bool Noms_Identiques(const QString &a, const QString &b)
+{
+    FoldedUnits left(a);
+    FoldedUnits right(b);
+    for (;;) {
+        const uint unit = left.next();
+        if (unit != right.next())
+            return false;
+        if (unit == kNoMore)
+            return true;
+    }
+}
+
+} // namespace VorSystem

@@ -1,0 +1,27 @@
+// Names as the library compares them: case and white space do not count.
+//
+// Two names are the same exactly when their keys are equal, so that an index inside one call may hash what a
+// plain search would compare.
+#pragma once
+
+#include <QString>
+#include <QVarLengthArray>
+
+namespace VorSystem
+{
+
+/// The form of a name in which equal names are equal texts.
+QString nameKey(const QString &name);
+
+/// One name, prepared to be compared with many without an allocation each.
+class NameMatcher
+{
+public:
+    explicit NameMatcher(const QString &name);
+    bool matches(const QString &other) const;
+
+private:
+    QVarLengthArray<uint, 64> mFolded;
+};
+
+} // namespace VorSystem
