@@ -5,6 +5,8 @@
 #include <VorFrames/FrameSegment.h>
 #include <VorFrames/QListEx.h>
 
+#include <vector>
+
 namespace VorSystem
 {
 
@@ -71,6 +73,7 @@ public:
 
 private:
     friend class FrameSegment;
+    friend std::vector<CDbPointVOR *> reachOfSegment(const ControlSegment &control);
 
     void enterSkeleton();
     CDbGroupObject *group() const;

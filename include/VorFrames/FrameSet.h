@@ -196,6 +196,7 @@ private:
     /// three private operations below.
     friend class FormulaRemovalAccess;
 
+    bool reevaluateSpecsAndCharts(eFrameReevaluate mode);
     /// out = holder and true when formula is there and mentions element.
     bool testfFormulaMentions(BaseFrame *holder, TreeEquations *formula, BaseFrame *element, BaseFrame *&out);
     /// Gives up at most one formula of the element and one of its link: reported, recorded, dropped.
