@@ -1,0 +1,4 @@
+// Whole pattern documents: everything of this floor.
+#pragma once
+
+#include <VorDocument/PatternDocument.h>
