@@ -51,15 +51,14 @@ void addFrame(FrameCenter *center, const QString &name, const QString &formula)
     set->newFrame(name, center)->setFormulaMeasurement(TreeEquations::parse(formula, set, true));
 }
 
+// The name and the measures of an element; the nest stands in brackets.
 QString row(BaseFrame *element)
 {
-    QString text = QStringLiteral("  %1").arg(element->fullName(), -16);
     const ValuesAccordingSizes *measures = element->getMeasureBySizes();
+    QString text = QStringLiteral("  %1").arg(element->fullName(), -16);
     for (int size = 0; size < measures->mValues.count(); ++size) {
-        const QString value = QString::number(measures->mValues.at(size), 'f', 2);
-        text += (size == measures->mNestIndex ? QLatin1Char('[') + value + QLatin1Char(']')
-                                              : value + QLatin1Char(' '))
-                    .rightJustified(10);
+        const QString pattern = size == measures->mNestIndex ? QStringLiteral("[%1]") : QStringLiteral("%1 ");
+        text += pattern.arg(measures->mValues.at(size), 0, 'f', 2).rightJustified(10);
     }
     return text;
 }
