@@ -39,6 +39,11 @@ public:
         QList<T>::operator=(std::move(static_cast<QList<T> &>(other)));
         return *this;
     }
+    QListEx &operator=(std::initializer_list<T> values)
+    {
+        QList<T>::operator=(QList<T>(values));
+        return *this;
+    }
     QListEx &operator=(const QList<T> &other)
     {
         takeCopy(other);

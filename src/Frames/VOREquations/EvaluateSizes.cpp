@@ -7,6 +7,7 @@
 #include <VorFrames/BaseFrame.h>
 #include <VorFrames/ElementEquation.h>
 #include <VorFrames/FormulaLimits.h>
+#include <VorFrames/TreeEquations.h>
 
 #include <QVarLengthArray>
 #include <algorithm>
@@ -131,16 +132,16 @@ void RowProgram::combine(ElemContent kind, double *left, const double *right) co
 
 } // namespace
 
-void evaluateSizes(ElementEquation &root, QListEx<double> &values)
+void evaluateSizes(TreeEquations &formula, QListEx<double> &values)
 {
     const int sizes = values.size();
     RowProgram program(sizes);
-    if (sizes > 1 && program.take(&root, 1)) {
+    if (sizes > 1 && program.take(formula.root, 1)) {
         program.run(values);
         return;
     }
     for (int size = 0; size < sizes; ++size)
-        values[size] = root.evaluate(static_cast<short>(size));
+        values[size] = formula.evaluate(static_cast<short>(size));
 }
 
 } // namespace VorSystem

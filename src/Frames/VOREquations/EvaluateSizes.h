@@ -6,12 +6,12 @@
 namespace VorSystem
 {
 
-class ElementEquation;
+class TreeEquations;
 
-/// Overwrites each position of values with what root.evaluate gives for it.
+/// Overwrites each position of values with what formula.evaluate gives for it.
 ///
 /// One walk for all sizes where that cannot be told from one walk for each. AssertionError leaves the
 /// positions before the failing size written, as a loop over the sizes would.
-void evaluateSizes(ElementEquation &root, QListEx<double> &values);
+void evaluateSizes(TreeEquations &formula, QListEx<double> &values);
 
 } // namespace VorSystem

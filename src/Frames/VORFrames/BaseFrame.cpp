@@ -4,6 +4,7 @@
 #include <VorFrames/BaseFrame.h>
 
 #include "Preconditions.h"
+#include "VOREquations/EvaluateSizes.h"
 #include "VORFrames/ControlIndex.h"
 #include "VORFrames/Messages.h"
 
@@ -216,8 +217,7 @@ bool BaseFrame::evaluateMeasuresFormula(QListEx<double> &values)
     TreeEquations *const formula = measurementFormula();
     if (formula == nullptr)
         return false;
-    for (int size = 0; size < values.count(); ++size)
-        values[size] = formula->evaluate(static_cast<short>(size));
+    evaluateSizes(*formula, values);
     return true;
 }
 
@@ -235,8 +235,7 @@ bool BaseFrame::evaluateLevelsFormula(QListEx<double> &values)
     TreeEquations *const formula = formulaLevel();
     if (formula == nullptr)
         return false;
-    for (int size = 0; size < values.count(); ++size)
-        values[size] = formula->evaluate(static_cast<short>(size));
+    evaluateSizes(*formula, values);
     return true;
 }
 

@@ -122,7 +122,7 @@ TEST_F(ElementEquationTest, whatWasNeverEvaluatedCountsZero)
 {
     Probe probe("p");
 
-    for (const short size : {-1, 0, 5}) {
+    for (const short size : {short(-1), short(0), short(5)}) {
         EXPECT_EQ(measureOf(&probe)->evaluate(size), 0.0);
         EXPECT_EQ(levelOf(&probe)->evaluate(size), 0.0);
         EXPECT_EQ(measureOf(mFront)->evaluate(size), 0.0); // a center has no lists at all
@@ -156,8 +156,10 @@ TEST_F(ElementEquationTest, aDivisorThatCountsAsZeroGivesZero)
         double divisor;
         double quotient;
     } const rows[] = {
+        // clang-format off
         {0.0, 0.0},       {0.00001, 0.0},         {-0.00001, 0.0},
         {0.000011, 1e5 / 1.1}, {-0.000011, -1e5 / 1.1}, {4.0, 0.25},
+        // clang-format on
     };
     for (const auto &row : rows) {
         const Node node = joined(ElemDivide, constant(1), constant(row.divisor));
@@ -187,7 +189,10 @@ TEST_F(ElementEquationTest, theSonsAreAskedInTheirFixedOrder)
         ElemContent kind;
         const char *order;
     } const rows[] = {
-        {ElemAdd, "rl"}, {ElemSubtract, "lr"}, {ElemMultiply, "rl"}, {ElemDivide, "rl"},
+        {ElemAdd, "rl"},
+        {ElemSubtract, "lr"},
+        {ElemMultiply, "rl"},
+        {ElemDivide, "rl"},
     };
     for (const auto &row : rows) {
         QString log;
@@ -216,9 +221,9 @@ TEST_F(ElementEquationTest, kindsOutsideTheListAreRefusedEverywhere)
         EXPECT_EQ(operationRefusing([&] { node->addedReferencesInList(lists[0]); }), "addedReferencesInList");
         EXPECT_EQ(operationRefusing([&] { node->addsEvaluationsInList(evaluations); }),
                   "addsEvaluationsInList");
-        EXPECT_EQ(operationRefusing(
-                      [&] { node->addedReferencesInLists(lists[0], lists[1], lists[2], lists[3]); }),
-                  "addedReferencesInLists");
+        EXPECT_EQ(
+            operationRefusing([&] { node->addedReferencesInLists(lists[0], lists[1], lists[2], lists[3]); }),
+            "addedReferencesInLists");
         EXPECT_EQ(operationRefusing([&] { node->setImplicitUnit(ImplicitLength); }), "setImplicitUnit");
     }
 }
@@ -266,6 +271,7 @@ TEST_F(ElementEquationTest, printsWithTheBracketsOfProductsOnly)
         Node node;
         const char *printed;
     } const rows[] = {
+        // clang-format off
         // tree                                               text
         {joined(ElemAdd, sum(), constant(3)),                 "1 + 2 + 3"},
         {joined(ElemAdd, constant(3), sum()),                 "3 + 1 + 2"},
@@ -280,6 +286,7 @@ TEST_F(ElementEquationTest, printsWithTheBracketsOfProductsOnly)
         {joined(ElemMultiply, bracket(sum()), constant(3)),   "(1 + 2) * 3"}, // no second pair
         {joined(ElemSubtract, constant(3), bracket(sum())),   "3 - (1 + 2)"},
         {bracket(bracket(constant(1))),                       "((1))"},
+        // clang-format on
     };
     for (const auto &row : rows)
         EXPECT_EQ(text(row.node->toString()), row.printed) << text(shape(row.node.get()));
@@ -390,8 +397,7 @@ TEST_F(ElementEquationTest, pendingListsLeaveOutWhatIsDoneInTheirKind)
     QListEx<BaseFrame *> doneMeasures{mA};
     QListEx<BaseFrame *> pendingLevels;
     QListEx<BaseFrame *> doneLevels{mB};
-    const Formula formula =
-        parsed("Measure(a)+Level(a)+Measure(b)+Level(b)+Measure(b)+Measure(Front:Waist)");
+    const Formula formula = parsed("Measure(a)+Level(a)+Measure(b)+Level(b)+Measure(b)+Measure(Front:Waist)");
 
     formula->addReferencesInLists(pendingMeasures, doneMeasures, pendingLevels, doneLevels);
 

@@ -1,6 +1,7 @@
 // All sizes of a formula at once, held against one walk for each.
 
 #include "FormulaFixture.h"
+#include "RandomNumbers.h"
 
 #include <cmath>
 #include <cstring>
@@ -104,7 +105,8 @@ TEST_F(EvaluateSizesTest, aShortListMayBeShielded)
 TEST_F(EvaluateSizesTest, emptyListsCountZeroInEverySize)
 {
     Probe fresh("fresh");
-    Driven driven("d", joined(ElemSubtract, measureOf(&fresh), joined(ElemAdd, levelOf(mFront), constant(1))));
+    Driven driven("d",
+                  joined(ElemSubtract, measureOf(&fresh), joined(ElemAdd, levelOf(mFront), constant(1))));
     QListEx<double> values{9.0, 9.0, 9.0};
 
     EXPECT_TRUE(driven.evaluateMeasuresFormula(values));
@@ -132,8 +134,8 @@ TEST_F(EvaluateSizesTest, aFormulaMayReadTheListItIsWrittenTo)
 /// A random tree over elements whose lists may be empty, and constants that may be zero.
 Node randomTree(const std::vector<std::unique_ptr<Probe>> &probes, int depth)
 {
-    const int kind = *rc::gen::inRange(0, depth > 0 ? 10 : 3);
-    Probe *const probe = probes[*rc::gen::inRange<std::size_t>(0, probes.size())].get();
+    const int kind = anyBelow(depth > 0 ? 14 : 3);
+    Probe *const probe = probes[static_cast<std::size_t>(anyBelow(static_cast<int>(probes.size())))].get();
     if (kind == 0)
         return constant(*rc::gen::element(0.0, 1.0, -2.5, 1e-05, 3e-06, 7.25));
     if (kind == 1)
@@ -150,13 +152,13 @@ Node randomTree(const std::vector<std::unique_ptr<Probe>> &probes, int depth)
 
 RC_GTEST_PROP(EvaluateSizesProperty, oneWalkForAllSizesGivesTheBitsOfOneWalkForEach, ())
 {
-    const int sizes = *rc::gen::inRange(0, 12);
+    const int sizes = anyBelow(12);
     std::vector<std::unique_ptr<Probe>> probes;
     for (const char *name : {"p", "q", "r"}) {
         probes.push_back(std::make_unique<Probe>(name));
         for (QListEx<double> *list : {&probes.back()->mMeasures.mValues, &probes.back()->mLevels.mValues}) {
-            const bool filled = *rc::gen::inRange(0, 4) != 0;
-            for (int size = 0; filled && size < sizes + *rc::gen::inRange(0, 2); ++size)
+            const bool filled = anyBelow(4) != 0;
+            for (int size = 0; filled && size < sizes + anyBelow(2); ++size)
                 list->append(*rc::gen::element(0.0, 1e-05, -1e-06, 2.0, -3.5, 1e9));
             while (filled && list->size() < sizes)
                 list->append(4.0);

@@ -11,6 +11,8 @@
 #include <QHash>
 #include <QLocale>
 #include <QTranslator>
+#include <boost/exception/get_error_info.hpp>
+#include <boost/exception/info.hpp>
 #include <gtest/gtest.h>
 #include <memory>
 #include <ostream>
@@ -27,8 +29,8 @@ inline std::string text(const QString &string)
     return string.toStdString();
 }
 
-/// An element that is no part of any set: its lists and formulas are in the test's hands, and it counts how often
-/// it is asked for them.
+/// An element that is no part of any set: its lists and formulas are in the test's hands, and it counts how
+/// often it is asked for them.
 class Probe : public VorSystem::BaseFrame
 {
 public:

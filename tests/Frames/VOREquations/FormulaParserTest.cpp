@@ -22,6 +22,7 @@ struct Row {
 TEST_F(FormulaParserTest, operatorsBindAsUsual)
 {
     const Row rows[] = {
+        // clang-format off
         // typed           tree
         {"1+2*3",          "(1 + (2 * 3))"},
         {"1*2+3",          "((1 * 2) + 3)"},
@@ -48,6 +49,7 @@ TEST_F(FormulaParserTest, operatorsBindAsUsual)
         {"-x-y",           "((0 - <x>) - <y>)"},
         {"Measure(a)/2",   "(M[a] / 2)"},
         {"Measure(a)+Level(a)", "(M[a] + L[a])"},
+        // clang-format on
     };
     for (const Row &row : rows)
         EXPECT_EQ(shape(parsed(row.typed)), row.tree) << row.typed;
@@ -65,6 +67,7 @@ TEST_F(FormulaParserTest, theTextOfAProductKeepsTheBracketsOfItsSum)
 TEST_F(FormulaParserTest, whatIsNoFormula)
 {
     const char *const rows[] = {
+        // clang-format off
         "",           " ",       "\t\n ",       ",",       ",,",        " , ",   // nothing, group separators
         "2 3x",       "1)",      "Measure(a)b", "1 2 +",   "(1)(2)",    "a(b)",  // goes on after a formula
         "2(3)",       "Level(a)Level(a)",       "1(",      "Measure(a)(",
@@ -73,6 +76,7 @@ TEST_F(FormulaParserTest, whatIsNoFormula)
         "(1",         "1))",     "((1)",        ")",       "(",         ")1(",   // unbalanced
         "Measure(a",  "Measure(","Measure()",   "Level(-)","Measure(a+b)", "Measure((a))",
         "%",          "1%",      "a%b",         "Measure(a%b)", "Measure(a)%", "50%*2",
+        // clang-format on
     };
     for (const char *typed : rows)
         EXPECT_EQ(shape(parsed(typed)), "null") << typed;
@@ -81,6 +85,7 @@ TEST_F(FormulaParserTest, whatIsNoFormula)
 TEST_F(FormulaParserTest, numbersAsTheGrammarReadsThem)
 {
     const Row rows[] = {
+        // clang-format off
         // typed     tree
         {"5.",       "5"},
         {".5",       "0.5"},
@@ -109,6 +114,7 @@ TEST_F(FormulaParserTest, numbersAsTheGrammarReadsThem)
         {"1.2.3",    "null"},
         {"1e5.5",    "null"},
         {"Measure(3a)", "M[?]"}, // here the name is asked for directly
+        // clang-format on
     };
     for (const Row &row : rows)
         EXPECT_EQ(shape(parsed(row.typed)), row.tree) << row.typed;
@@ -130,8 +136,8 @@ TEST_F(FormulaParserTest, digitsOfOtherScriptsAreNoDigits)
 
 TEST_F(FormulaParserTest, namesOfEveryScriptAreRead)
 {
-    for (const char *name : {"\u0125\u012b\u012f\u0128", "\u4e2d\u5428", "\U0001f455", "\u0645\u0642\u0627\u0633",
-                             "a.b:c;d,e", "\"'!$&=<>?@[]^_`{|}~\\"}) {
+    for (const char *name : {"\u0125\u012b\u012f\u0128", "\u4e2d\u5428", "\U0001f455",
+                             "\u0645\u0642\u0627\u0633", "a.b:c;d,e", "\"'!$&=<>?@[]^_`{|}~\\"}) {
         FrameLink *const link = mSet.newLink(QString::fromUtf8(name).remove(QLatin1Char(':')));
         const Formula formula =
             parsed(QStringLiteral("Level(%1)").arg(QString::fromUtf8(name).remove(QLatin1Char(':'))));
@@ -166,8 +172,11 @@ TEST_F(FormulaParserTest, aFrameIsFoundByItsFullNameOnly)
 
 TEST_F(FormulaParserTest, aBareNameIsATreeWithoutValueAndText)
 {
-    const Row rows[] = {{"a", "<a>"}, {"a*2", "(<a> * 2)"}, {"a+1", "(<a> + 1)"},
-                        {"Measurement", "<Measurement>"}, {"measure", "<measure>"}};
+    const Row rows[] = {{"a", "<a>"},
+                        {"a*2", "(<a> * 2)"},
+                        {"a+1", "(<a> + 1)"},
+                        {"Measurement", "<Measurement>"},
+                        {"measure", "<measure>"}};
     for (const Row &row : rows) {
         const Formula formula = parsed(row.typed);
         EXPECT_EQ(shape(formula), row.tree) << row.typed;
@@ -179,9 +188,9 @@ TEST_F(FormulaParserTest, aBareNameIsATreeWithoutValueAndText)
 
 TEST_F(FormulaParserTest, someMixturesOfUnitsLeaveByAnError)
 {
-    for (const char *typed : {"a+1", "1-a", "2*a + 1", "-a", "5 + Measure(a) / Measure(b)",
-                              "Measure(a) + Measure(b)/Measure(b)",
-                              "Measure(a) + 2*(Measure(b)/Measure(b))", "a + Measure(a)"}) {
+    for (const char *typed :
+         {"a+1", "1-a", "2*a + 1", "-a", "5 + Measure(a) / Measure(b)", "Measure(a) + Measure(b)/Measure(b)",
+          "Measure(a) + 2*(Measure(b)/Measure(b))", "a + Measure(a)"}) {
         EXPECT_REFUSED(parsed(typed, true)) << typed;
         EXPECT_NE(parsed(typed, false), nullptr) << typed;
     }
@@ -215,6 +224,7 @@ struct LocaleRow {
 TEST_F(FormulaParserTest, numbersFollowTheUsersLocale)
 {
     const LocaleRow rows[] = {
+        // clang-format off
         // locale   typed                     tree
         {"C",       "3.5",                    "3.5"},
         {"C",       "3,5",                    "35"}, // the comma groups digits and vanishes
@@ -240,6 +250,7 @@ TEST_F(FormulaParserTest, numbersFollowTheUsersLocale)
         {"ar_EG",   "1\u066c234\u066b5",      "1234.5"},
         {"ar_EG",   "3.5",                    "3.5"},
         {"C",       "3,",                     "3"},
+        // clang-format on
     };
     for (const LocaleRow &row : rows) {
         QLocale::setDefault(QLocale(QString::fromLatin1(row.locale)));

@@ -144,8 +144,7 @@ TEST_F(TreeEquationsTest, layersThatShareWhatTheyDependOnAreAskedOnce)
         if (layer > 0) {
             Probe *const below[] = {probes[probes.size() - 2].get(), probes.back().get()};
             for (Probe *probe : {left.get(), right.get()})
-                probe->mFormulaMeasure =
-                    formulaOf(joined(ElemAdd, measureOf(below[0]), measureOf(below[1])));
+                probe->mFormulaMeasure = formulaOf(joined(ElemAdd, measureOf(below[0]), measureOf(below[1])));
         }
         probes.push_back(std::move(left));
         probes.push_back(std::move(right));

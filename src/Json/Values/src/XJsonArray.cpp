@@ -78,15 +78,13 @@ bool XJsonArray::contains(const XJsonValue &value) const
 
 void XJsonArray::append(const XJsonValue &value)
 {
-    giveStorage();
-    if (admit(JsonStorage::kArraySlot + value.storageInside()))
-        mArray.append(storedForm(value));
+    insert(size(), value);
 }
 
 void XJsonArray::insert(int index, const XJsonValue &value)
 {
     giveStorage();
-    if (index < 0 || index > size() || !admit(JsonStorage::kArraySlot + value.storageInside()))
+    if (index < 0 || index > size() || !admit(JsonStorage::kArraySlot + value.storageInside(), 0))
         return;
     mArray.insert(index, storedForm(value));
 }
@@ -178,12 +176,7 @@ bool XJsonArray::admit(qint64 asked, qint64 freed)
 {
     if (mStorage == XJsonValue::kUncounted)
         mStorage = JsonStorage::ofTree(mArray);
-    if (mStorage + asked - freed < JsonStorage::kLimit) {
-        mStorage += asked - freed;
-        return true;
-    }
-    JsonStorage::warnOfRefusal(mStorage, asked);
-    return false;
+    return JsonStorage::admit(mStorage, asked, freed);
 }
 
 } // namespace VorSystem

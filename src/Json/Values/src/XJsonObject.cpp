@@ -79,11 +79,12 @@ XJsonObject::iterator XJsonObject::insert(const QString &key, const XJsonValue &
         return end();
     }
 
-    const int count = size();
-    const int index = count == 0 ? 0 : position(key);
-    if (index == count)
-        return iterator(this, insertNew(key, value));
-    return iterator(this, writeAt(index, value) ? index : count);
+    int index = position(key);
+    if (index == size())
+        index = insertNew(key, value);
+    else if (!writeAt(index, value))
+        index = size();
+    return iterator(this, index);
 }
 
 void XJsonObject::remove(const QString &key)
@@ -137,7 +138,7 @@ XJsonValue XJsonObject::valueAt(int index) const
 
 int XJsonObject::position(const QString &key) const
 {
-    return mObject.constFind(key) - mObject.constBegin();
+    return isEmpty() ? 0 : mObject.constFind(key) - mObject.constBegin();
 }
 
 void XJsonObject::giveStorage()
@@ -146,25 +147,17 @@ void XJsonObject::giveStorage()
         mStorage = JsonStorage::kEmptyContainer;
 }
 
-bool XJsonObject::admit(qint64 asked, qint64 freed, int replacedIndex)
+bool XJsonObject::admit(qint64 asked, qint64 freed)
 {
     if (mStorage == XJsonValue::kUncounted)
         mStorage = JsonStorage::ofTree(mObject);
-    if (mStorage + asked - freed < JsonStorage::kLimit) {
-        mStorage += asked - freed;
-        return true;
-    }
-
-    // The slot and key of a replaced member are asked for and freed, which only a refusal tells.
-    const qint64 keyBytes = holdsIndex(replacedIndex) ? JsonStorage::ofKey(keyAt(replacedIndex)) : 0;
-    JsonStorage::warnOfRefusal(mStorage, keyBytes + asked);
-    return false;
+    return JsonStorage::admit(mStorage, asked, freed);
 }
 
 int XJsonObject::insertNew(const QString &key, const XJsonValue &value)
 {
     giveStorage();
-    if (!admit(JsonStorage::ofKey(key) + value.storageInside()))
+    if (!admit(JsonStorage::ofKey(key) + value.storageInside(), 0))
         return size();
     return mObject.insert(key, value.mValue) - QJsonObject::iterator(&mObject, 0);
 }
@@ -178,9 +171,9 @@ bool XJsonObject::writeAt(int index, const XJsonValue &value)
         return false;
     }
 
-    const qint64 asked = value.storageInside();
-    const qint64 freed = valueAt(index).storageInside();
-    if (!admit(asked, freed, index))
+    // The key stays, so its bytes are asked for and freed.
+    const qint64 keyBytes = JsonStorage::ofKey(keyAt(index));
+    if (!admit(keyBytes + value.storageInside(), keyBytes + valueAt(index).storageInside()))
         return false;
     QJsonValueRef(&mObject, index) = value.mValue;
     return true;
