@@ -192,6 +192,7 @@ private:
     friend class GestFrames;
     friend class NameIndex;
     friend class NamesWhileRead;
+    friend class ElementNames;
     /// The host's door to the removal of formulas: a class of this name, defined by the host, may call the
     /// three private operations below.
     friend class FormulaRemovalAccess;

@@ -2,8 +2,6 @@
 //
 // Both ways keep what is still to be done in a list of their own, so that the depth of a tree costs no stack.
 
-#include "FormulaReader.h"
-
 #include "Preconditions.h"
 #include "VOREquations/ElementNames.h"
 
@@ -124,13 +122,8 @@ XJsonObject ElementEquation::toJson() const
 void ElementEquation::fromJson(const XJsonObject &object, FrameSet *set)
 {
     ElementNames names(set);
-    readNode(*this, object, names, BOOST_CURRENT_FUNCTION);
-}
-
-void readNode(ElementEquation &root, const XJsonObject &object, ElementNames &names, const char *signature)
-{
-    delete std::exchange(root.sonLeft, nullptr);
-    delete std::exchange(root.sonRight, nullptr);
+    delete std::exchange(sonLeft, nullptr);
+    delete std::exchange(sonRight, nullptr);
 
     struct Step {
         ElementEquation *parent;                // null for the root, which is there already
@@ -142,21 +135,18 @@ void readNode(ElementEquation &root, const XJsonObject &object, ElementNames &na
     while (!rest.empty()) {
         const Step step = std::move(rest.back());
         rest.pop_back();
-        if (step.depth > kMaxFormulaDepth)
-            invalidOperation(kSourceUnit, __LINE__, signature);
+        VOR_REQUIRE(step.depth <= kMaxFormulaDepth);
 
         // A new node hangs on its parent before anything can fail.
         ElementEquation &node =
-            step.parent == nullptr ? root : *(step.parent->*step.son = new ElementEquation);
+            step.parent == nullptr ? *this : *(step.parent->*step.son = new ElementEquation);
         node.contents = static_cast<ElemContent>(step.object.value(contentsKey()).toInt(0));
         if (node.contents == ElemValue)
             node.value = step.object.value(valueKey()).toDouble(0);
         if (node.contents == ElemMeasure || node.contents == ElemLevel) {
-            if (!names.haveSet())
-                invalidOperation(kSourceUnit, __LINE__, signature);
+            VOR_REQUIRE(names.haveSet());
             BaseFrame *const found = names.found(step.object.value(elementKey()).toString(), true);
-            if (found == nullptr)
-                invalidOperation(kSourceUnit, kUnknownElementLine, signature);
+            VOR_REQUIRE_AT(found != nullptr, kUnknownElementLine);
             node.element = found;
         }
 

@@ -5,8 +5,6 @@
 
 #include "FormulaRecordsJson.h"
 
-#include "NamesWhileRead.h"
-
 #include <VorFrames/FrameSegment.h>
 #include <VorFrames/FrameSet.h>
 #include <VorFrames/TreeEquations.h>
@@ -57,16 +55,17 @@ std::unique_ptr<TreeEquations> formulaFromJson(const XJsonValue &value, FrameSet
     return formula;
 }
 
-// A segment tries at once whether its set can be ordered, and tells the user when it cannot.
-void giveToSegment(FrameSegment &segment, std::unique_ptr<TreeEquations> formula, NamesWhileRead &names)
+// The element owns the formula from the call on, also when the call ends in an error.
+void handOver(std::unique_ptr<TreeEquations> formula, BaseFrame &element, const FormulaPlace &place)
 {
-    // An earlier record may have given the segment a formula, which nobody but this reading knows.
-    const std::unique_ptr<TreeEquations> replaced(segment.measurementFormula());
-    segment.forgetFormula();
-
-    names.withdraw();
-    segment.setFormulaMeasurement(formula.release());
-    names.renew();
+    // A segment tries whether its set can be ordered, and when that fails, it leaves a formula that it had
+    // before to its holder: here to nobody but this reading, which brought it with an earlier record.
+    std::unique_ptr<TreeEquations> replaced;
+    if (element.elementType() == Element_Segment) {
+        replaced.reset(element.measurementFormula());
+        static_cast<FrameSegment &>(element).forgetFormula();
+    }
+    (element.*place.setFormula)(formula.release());
 }
 
 } // namespace
@@ -84,22 +83,16 @@ void appendFormulaRecord(XJsonArray &records, BaseFrame &element)
     records.append(record);
 }
 
-void readFormulaRecord(const XJsonObject &record, FrameSet &set, NamesWhileRead &names)
+void readFormulaRecord(const XJsonObject &record, FrameSet &set)
 {
     const QString name = record.value(QStringLiteral("name")).toString();
+    BaseFrame *const element = set.foundElementAccordingName(name, true);
+    if (element == nullptr)
+        return;
     for (const FormulaPlace &place : formulaPlaces()) {
-        // Sought for each formula anew: the user may have been told something about the one before.
-        BaseFrame *const element = set.foundElementAccordingName(name, true);
-        if (element == nullptr)
-            return;
         std::unique_ptr<TreeEquations> formula = formulaFromJson(record.value(place.key), set);
-        if (formula == nullptr || !place.isIn(*element))
-            continue;
-        // The element owns the formula from the call on, also when the call ends in an error.
-        if (element->elementType() == Element_Segment)
-            giveToSegment(*static_cast<FrameSegment *>(element), std::move(formula), names);
-        else
-            (element->*place.setFormula)(formula.release());
+        if (formula != nullptr && place.isIn(*element))
+            handOver(std::move(formula), *element, place);
     }
 }
 

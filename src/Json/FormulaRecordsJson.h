@@ -6,7 +6,6 @@ namespace VorSystem
 
 class BaseFrame;
 class FrameSet;
-class NamesWhileRead;
 class XJsonArray;
 class XJsonObject;
 
@@ -14,6 +13,6 @@ class XJsonObject;
 void appendFormulaRecord(XJsonArray &records, BaseFrame &element);
 
 /// Gives the element that the record names its formulas. A record that names no element is passed over.
-void readFormulaRecord(const XJsonObject &record, FrameSet &set, NamesWhileRead &names);
+void readFormulaRecord(const XJsonObject &record, FrameSet &set);
 
 } // namespace VorSystem

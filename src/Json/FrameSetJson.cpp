@@ -116,7 +116,7 @@ void FrameSet::fromJson(const XJsonObject &object)
 
     const XJsonArray records = object.value(QStringLiteral("formulars")).toArray();
     for (const XJsonValue &record : records)
-        readFormulaRecord(record.toObject(), *this, names);
+        readFormulaRecord(record.toObject(), *this);
 }
 
 } // namespace VorSystem

@@ -9,28 +9,12 @@ namespace VorSystem
 
 NamesWhileRead::NamesWhileRead(FrameSet &set) : mSet(set)
 {
-    restore();
+    mSet.mNamesWhileRead = &mIndex;
 }
 
 NamesWhileRead::~NamesWhileRead()
 {
-    withdraw();
-}
-
-void NamesWhileRead::withdraw()
-{
     mSet.mNamesWhileRead = nullptr;
-}
-
-void NamesWhileRead::restore()
-{
-    mSet.mNamesWhileRead = &mIndex;
-}
-
-void NamesWhileRead::renew()
-{
-    mIndex = NameIndex(mSet);
-    restore();
 }
 
 } // namespace VorSystem

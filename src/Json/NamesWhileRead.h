@@ -10,8 +10,8 @@ class FrameSet;
 
 /// While an object of this class lives, its set finds elements by name without a walk through its lists.
 ///
-/// The answers are those of the walk: elements are entered as the lists receive them, and nothing else may
-/// change the set. So the index is withdrawn before anything that may call the host.
+/// The answers are those of the walk: elements are entered as the lists receive them, and nothing else
+/// changes the set meanwhile. No host code runs that could: elements that are just read are tied to no piece.
 class NamesWhileRead
 {
 public:
@@ -27,11 +27,6 @@ public:
     {
         mIndex.add(element);
     }
-
-    void withdraw();
-    /// Back at work: as it was, or made anew when the host was called meanwhile.
-    void restore();
-    void renew();
 
 private:
     FrameSet &mSet;

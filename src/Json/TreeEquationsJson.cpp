@@ -1,9 +1,6 @@
 // The JSON form of a formula: the node at its root, under a key of its own.
 
-#include "FormulaReader.h"
-
 #include "Preconditions.h"
-#include "VOREquations/ElementNames.h"
 
 #include <VorFrames/ElementEquation.h>
 #include <VorFrames/TreeEquations.h>
@@ -35,18 +32,10 @@ XJsonObject TreeEquations::toJson() const
 
 void TreeEquations::fromJson(const XJsonObject &object, FrameSet *set)
 {
-    ElementNames names(set);
-    readFormula(*this, object, names, BOOST_CURRENT_FUNCTION);
-}
+    VOR_REQUIRE(root != nullptr);
 
-void readFormula(TreeEquations &formula, const XJsonObject &object, ElementNames &names,
-                 const char *signature)
-{
-    if (formula.root == nullptr)
-        invalidOperation(kSourceUnit, __LINE__, signature);
-
-    readNode(*formula.root, object.value(rootKey()).toObject(), names, signature);
-    formula.root->determineImplicitUnit(ImplicitLength);
+    root->fromJson(object.value(rootKey()).toObject(), set);
+    root->determineImplicitUnit(ImplicitLength);
 }
 
 } // namespace VorSystem

@@ -16,7 +16,11 @@ constexpr int kSearchesBeforeIndex = 8; // an index costs about as much as this 
 
 } // namespace
 
-ElementNames::ElementNames(const FrameSet *set) : mSet(set) {}
+ElementNames::ElementNames(const FrameSet *set)
+    : mSet(set), mIndex(set == nullptr ? nullptr : set->mNamesWhileRead)
+{
+}
+
 ElementNames::ElementNames(const NameIndex &index) : mIndex(&index) {}
 ElementNames::~ElementNames() = default;
 

@@ -4,6 +4,7 @@
 
 #include "Preconditions.h"
 #include "VORFrames/ControlIndex.h"
+#include "VORFrames/NameIndex.h"
 #include "VORFrames/Names.h"
 
 #include <VorFrames/FrameCenter.h>
@@ -296,6 +297,9 @@ FrameMeasurementChart *FrameSet::findFrameMeasurementChartAccordingName(const QS
 
 BaseFrame *FrameSet::foundElementAccordingName(const QString &name, bool searchFrames) const
 {
+    if (mNamesWhileRead != nullptr)
+        return mNamesWhileRead->found(name, searchFrames);
+
     const int colon = name.indexOf(QLatin1Char(':'));
     if (colon >= 0) {
         const FrameCenter *const center = findFrameCenterAccordingName(name.left(colon));
