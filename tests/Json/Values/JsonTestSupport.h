@@ -4,6 +4,7 @@
 #include <QDebug>
 #include <QStringList>
 #include <VorJson/VorJson.h>
+#include <ostream>
 #include <string>
 
 inline QString operator""_q(const char *text, std::size_t length)
@@ -19,6 +20,17 @@ std::string debugged(const T &value)
     QDebug(&text).nospace() << value;
     return text.toStdString();
 }
+
+namespace VorSystem
+{
+
+/// How a failed expectation shows the value.
+inline void PrintTo(const XJsonValue &value, std::ostream *stream)
+{
+    *stream << debugged(value);
+}
+
+} // namespace VorSystem
 
 /// The compact text form.
 template<class Container>

@@ -204,7 +204,9 @@ TEST(XJsonValue, otherVariantsGiveTheirTextOrNull)
     EXPECT_TRUE(XJsonValue::fromVariant(QVariant()).isNull());
     EXPECT_TRUE(XJsonValue::fromVariant(QVariant(QVariant::Date)).isNull());
     EXPECT_TRUE(XJsonValue::fromVariant(QUrl()).isNull());
-    EXPECT_TRUE(XJsonValue::fromVariant(QVariant(QJsonValue(1))).toString().size() <= 1);
+    EXPECT_TRUE(XJsonValue::fromVariant(QJsonValue(1)).isNull()); // Qt has no text for it
+    EXPECT_EQ(XJsonValue::fromVariant(QJsonValue("a"_q)), XJsonValue("a"_q));
+    EXPECT_EQ(XJsonValue::fromVariant(2.5f), XJsonValue("2.5"_q));
     EXPECT_EQ(XJsonValue::fromVariant(QDate(2020, 2, 29)), XJsonValue("2020-02-29"_q));
     EXPECT_EQ(XJsonValue::fromVariant(QUuid()), XJsonValue("{00000000-0000-0000-0000-000000000000}"_q));
     EXPECT_EQ(XJsonValue::fromVariant(QChar(0x61)), XJsonValue("a"_q));

@@ -4,7 +4,6 @@
 
 #include <QtDebug>
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -49,8 +48,8 @@ qint64 ofKey(const QString &key)
 
 qint64 ofNumber(double number)
 {
-    const double size = std::fabs(number);
-    return size >= 1 && size < kSlotNumbers && std::trunc(number) == number ? 0 : kNumber;
+    const bool isNear = number > -kSlotNumbers && number < kSlotNumbers && number != 0;
+    return isNear && static_cast<int>(number) == number ? 0 : kNumber;
 }
 
 qint64 ofTree(const QJsonValue &value)
@@ -83,16 +82,10 @@ qint64 ofTree(const QJsonValue &value)
     return bytes;
 }
 
-bool admit(qint64 &storage, qint64 asked, qint64 freed)
+void warnOfRefusal(qint64 storage, qint64 asked)
 {
-    const qint64 changed = storage - freed + asked;
-    if (changed >= kLimit) {
-        qWarning("QJson: Document too large to store in data structure %d %d %d", asMessageNumber(storage),
-                 asMessageNumber(asked), asMessageNumber(kLimit));
-        return false;
-    }
-    storage = changed;
-    return true;
+    qWarning("QJson: Document too large to store in data structure %d %d %d", asMessageNumber(storage),
+             asMessageNumber(asked), asMessageNumber(kLimit));
 }
 
 } // namespace JsonStorage

@@ -28,9 +28,8 @@ qint64 ofNumber(double number);
 /// Bytes of a value with all that is in it. Walks the whole of a container, without recursion.
 qint64 ofTree(const QJsonValue &value);
 
-/// Adds the bytes asked for to the storage and takes the freed ones off. False, with a warning and no change,
-/// when the storage would reach the limit.
-bool admit(qint64 &storage, qint64 asked, qint64 freed);
+/// Warns that a write was refused: the storage at present, the bytes asked for and the limit.
+void warnOfRefusal(qint64 storage, qint64 asked);
 
 } // namespace JsonStorage
 } // namespace VorSystem

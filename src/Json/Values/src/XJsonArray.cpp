@@ -78,13 +78,15 @@ bool XJsonArray::contains(const XJsonValue &value) const
 
 void XJsonArray::append(const XJsonValue &value)
 {
-    insert(size(), value);
+    giveStorage();
+    if (admit(JsonStorage::kArraySlot + value.storageInside()))
+        mArray.append(storedForm(value));
 }
 
 void XJsonArray::insert(int index, const XJsonValue &value)
 {
     giveStorage();
-    if (index < 0 || index > size() || !admit(JsonStorage::kArraySlot + value.storageInside(), 0))
+    if (index < 0 || index > size() || !admit(JsonStorage::kArraySlot + value.storageInside()))
         return;
     mArray.insert(index, storedForm(value));
 }
@@ -176,7 +178,12 @@ bool XJsonArray::admit(qint64 asked, qint64 freed)
 {
     if (mStorage == XJsonValue::kUncounted)
         mStorage = JsonStorage::ofTree(mArray);
-    return JsonStorage::admit(mStorage, asked, freed);
+    if (mStorage + asked - freed < JsonStorage::kLimit) {
+        mStorage += asked - freed;
+        return true;
+    }
+    JsonStorage::warnOfRefusal(mStorage, asked);
+    return false;
 }
 
 } // namespace VorSystem

@@ -79,12 +79,11 @@ XJsonObject::iterator XJsonObject::insert(const QString &key, const XJsonValue &
         return end();
     }
 
-    int index = position(key);
-    if (index == size())
-        index = insertNew(key, value);
-    else if (!writeAt(index, value))
-        index = size();
-    return iterator(this, index);
+    const int count = size();
+    const int index = count == 0 ? 0 : position(key);
+    if (index == count)
+        return iterator(this, insertNew(key, value));
+    return iterator(this, writeAt(index, value) ? index : count);
 }
 
 void XJsonObject::remove(const QString &key)
@@ -138,7 +137,7 @@ XJsonValue XJsonObject::valueAt(int index) const
 
 int XJsonObject::position(const QString &key) const
 {
-    return isEmpty() ? 0 : mObject.constFind(key) - mObject.constBegin();
+    return mObject.constFind(key) - mObject.constBegin();
 }
 
 void XJsonObject::giveStorage()
@@ -147,17 +146,25 @@ void XJsonObject::giveStorage()
         mStorage = JsonStorage::kEmptyContainer;
 }
 
-bool XJsonObject::admit(qint64 asked, qint64 freed)
+bool XJsonObject::admit(qint64 asked, qint64 freed, int replacedIndex)
 {
     if (mStorage == XJsonValue::kUncounted)
         mStorage = JsonStorage::ofTree(mObject);
-    return JsonStorage::admit(mStorage, asked, freed);
+    if (mStorage + asked - freed < JsonStorage::kLimit) {
+        mStorage += asked - freed;
+        return true;
+    }
+
+    // The slot and key of a replaced member are asked for and freed, which only a refusal tells.
+    const qint64 keyBytes = holdsIndex(replacedIndex) ? JsonStorage::ofKey(keyAt(replacedIndex)) : 0;
+    JsonStorage::warnOfRefusal(mStorage, keyBytes + asked);
+    return false;
 }
 
 int XJsonObject::insertNew(const QString &key, const XJsonValue &value)
 {
     giveStorage();
-    if (!admit(JsonStorage::ofKey(key) + value.storageInside(), 0))
+    if (!admit(JsonStorage::ofKey(key) + value.storageInside()))
         return size();
     return mObject.insert(key, value.mValue) - QJsonObject::iterator(&mObject, 0);
 }
@@ -171,9 +178,9 @@ bool XJsonObject::writeAt(int index, const XJsonValue &value)
         return false;
     }
 
-    // The key stays, so its bytes are asked for and freed.
-    const qint64 keyBytes = JsonStorage::ofKey(keyAt(index));
-    if (!admit(keyBytes + value.storageInside(), keyBytes + valueAt(index).storageInside()))
+    const qint64 asked = value.storageInside();
+    const qint64 freed = valueAt(index).storageInside();
+    if (!admit(asked, freed, index))
         return false;
     QJsonValueRef(&mObject, index) = value.mValue;
     return true;

@@ -132,7 +132,7 @@ private:
     XJsonValue valueAt(int index) const { return at(index); }
     static const QJsonValue &storedForm(const XJsonValue &value);
     void giveStorage();
-    bool admit(qint64 asked, qint64 freed);
+    bool admit(qint64 asked, qint64 freed = 0);
 
     QJsonArray mArray;
     qint64 mStorage = XJsonValue::kNoStorage; ///< bytes counted so far, or one of the marks of XJsonValue

@@ -126,7 +126,7 @@ private:
     int position(const QString &key) const; ///< size() when the key is absent
 
     void giveStorage();
-    bool admit(qint64 asked, qint64 freed);
+    bool admit(qint64 asked, qint64 freed = 0, int replacedIndex = -1);
     int insertNew(const QString &key, const XJsonValue &value);
     bool writeAt(int index, const XJsonValue &value);
     XJsonValue takeAt(int index);

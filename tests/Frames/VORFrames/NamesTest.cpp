@@ -1,0 +1,175 @@
+// The one comparison of names, held against the rule told word for word, and the hash that stands in for it.
+
+#include "VORFrames/Names.h"
+#include "VORFrames/NameIndex.h"
+
+#include <support/TestDocument.h>
+
+#include <QRegExp>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+using namespace VorSystem;
+
+namespace
+{
+
+// White space of any kind goes, then Qt compares without case.
+bool identicalByTheRule(QString a, QString b)
+{
+    const QRegExp space(QStringLiteral("\\s"));
+    a.remove(space);
+    b.remove(space);
+    return QString::compare(a, b, Qt::CaseInsensitive) == 0;
+}
+
+bool identicalByKey(const QString &a, const QString &b)
+{
+    return nameKey(a) == nameKey(b);
+}
+
+bool identicalByMatcher(const QString &a, const QString &b)
+{
+    return NameMatcher(a).matches(b);
+}
+
+// Letters, spaces of every kind, surrogates whole and broken, and letters whose case folds in odd ways.
+rc::Gen<QString> texts()
+{
+    const std::vector<ushort> units = {'a',    'A',    'b',    'B',    ' ',    '\t',   '\n',   0x00a0,
+                                       0x202f, 0x3000, 0x0085, 0x200b, 0x03c3, 0x03c2, 0x03a3, 0x0130,
+                                       0x0131, 0x00df, 0x1e9e, 0x212a, 'k',    'K',    0xd801, 0xdc00,
+                                       0xdc28, 0xd83a, 0xdd00, 0xdd22, ':',    0x0000};
+    return rc::gen::map(rc::gen::container<std::vector<ushort>>(rc::gen::elementOf(units)),
+                        [](const std::vector<ushort> &drawn) {
+                            return QString::fromUtf16(drawn.data(), static_cast<int>(drawn.size()));
+                        });
+}
+
+TEST(Names, caseAndWhiteSpaceDoNotCount)
+{
+    struct Row {
+        const char *a;
+        const char *b;
+        bool identical;
+    };
+    const Row rows[] = {
+        {"Front Waist", "frontwaist", true},
+        {" FRONT  WAIST", "Front Waist", true},
+        {"A B", "ab", true},
+        {"A-B", "AB", false},
+        {"", "   \t\n", true},
+        {"", "a", false},
+        {"abc", "ab", false},
+        {"Ärmel", "ÄRMEL", true},
+        {"Straße", "STRASSE", false}, // one letter folds to one letter
+    };
+    for (const Row &row : rows) {
+        const QString a = QString::fromUtf8(row.a);
+        const QString b = QString::fromUtf8(row.b);
+        EXPECT_EQ(Noms_Identiques(a, b), row.identical) << row.a << " and " << row.b;
+        EXPECT_EQ(Noms_Identiques(b, a), row.identical) << row.b << " and " << row.a;
+    }
+}
+
+TEST(Names, everySpaceOfTheBasicPlaneIsDroppedAndNothingElse)
+{
+    for (int unit = 0; unit < 0x10000; ++unit) {
+        const QString text(QChar(static_cast<ushort>(unit)));
+        ASSERT_EQ(Noms_Identiques(text, QString()), identicalByTheRule(text, QString())) << std::hex << unit;
+    }
+}
+
+TEST(Names, everyLetterOfTheBasicPlaneFoldsAsInTheRule)
+{
+    for (int unit = 0; unit < 0x10000; ++unit) {
+        const QString text(QChar(static_cast<ushort>(unit)));
+        for (const QString &other : {text.toLower(), text.toUpper(), text.toCaseFolded()}) {
+            ASSERT_EQ(Noms_Identiques(text, other), identicalByTheRule(text, other)) << std::hex << unit;
+            ASSERT_EQ(identicalByKey(text, other), identicalByTheRule(text, other)) << std::hex << unit;
+        }
+    }
+}
+
+TEST(Names, everyCharacterBeyondTheBasicPlaneFoldsAsInTheRule)
+{
+    for (uint code = 0x10000; code < 0x20000; ++code) {
+        const QString text = QString::fromUcs4(&code, 1);
+        const uint folded = QChar::toCaseFolded(code);
+        const QString other = QString::fromUcs4(&folded, 1);
+        ASSERT_EQ(Noms_Identiques(text, other), identicalByTheRule(text, other)) << std::hex << code;
+        ASSERT_EQ(identicalByKey(text, other), identicalByTheRule(text, other)) << std::hex << code;
+    }
+}
+
+RC_GTEST_PROP(Names, answerAsTheRuleDoes, ())
+{
+    const QString a = *texts();
+    const QString b =
+        *rc::gen::oneOf(texts(), rc::gen::just(a.toUpper()), rc::gen::just(a + QLatin1Char(' ')));
+    const bool expected = identicalByTheRule(a, b);
+    RC_ASSERT(Noms_Identiques(a, b) == expected);
+    RC_ASSERT(identicalByKey(a, b) == expected);
+    RC_ASSERT(identicalByMatcher(a, b) == expected);
+}
+
+TEST(Names, aMillionLettersAreComparedInOnePass)
+{
+    const QString a(1000000, QLatin1Char('a'));
+    const QString b = QString(1000000, QLatin1Char('A')) + QLatin1Char(' ');
+    EXPECT_TRUE(Noms_Identiques(a, b));
+    EXPECT_FALSE(Noms_Identiques(a, b + QLatin1Char('x')));
+}
+
+// A set with colliding names of every kind, some of them with a colon.
+class NameIndexes : public testing::Test
+{
+protected:
+    void addSome(const std::vector<int> &drawn)
+    {
+        static const char *const kNames[] = {"A", "a ", "B", "b:c", "C", ":", "", "A:B", "c "};
+        for (const int number : drawn) {
+            const QString elementName = QString::fromLatin1(kNames[(number / 8) % 9]);
+            switch (number % 8) {
+            case 0: mSet.addCenter(new FrameCenter(elementName), -1); break;
+            case 1: mSet.addLink(new FrameLink(elementName), -1); break;
+            case 2: mSet.addSegment(new FrameSegment(elementName), -1); break;
+            case 3: mSet.addSpec(new FrameSpec(elementName), -1); break;
+            case 4: mSet.addMeasurementChart(new FrameMeasurementChart(elementName), -1); break;
+            default: addFrame(elementName, number); break;
+            }
+        }
+    }
+
+    void addFrame(const QString &frameName, int number)
+    {
+        const QListEx<FrameCenter *> centers = mSet.getFrameCenters();
+        if (centers.isEmpty())
+            return;
+        auto *const frame = new FrameFrame(frameName);
+        mSet.getFramesPtr()->append(frame);
+        frame->addFrameCenter(centers.at(number % centers.count()),
+                              0); // the newest comes first on its center
+    }
+
+    FrameSet mSet{QStringLiteral("S"), nullptr};
+};
+
+RC_GTEST_FIXTURE_PROP(NameIndexes, findWhatThePlainSearchFinds, ())
+{
+    addSome(*rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 1000)));
+    const NameIndex index(mSet);
+    for (const char *text :
+         {"A", "a", "B", "b:c", "C", ":", "", "A:B", "a:a", "a:c", " C : b ", "x", "A:A:B", "b:c:a"}) {
+        const QString wanted = QString::fromLatin1(text);
+        RC_ASSERT(index.found(wanted, true) == mSet.foundElementAccordingName(wanted, true));
+        RC_ASSERT(index.found(wanted, false) == mSet.foundElementAccordingName(wanted, false));
+        RC_ASSERT(index.center(wanted) == mSet.findFrameCenterAccordingName(wanted));
+        RC_ASSERT(index.link(wanted) == mSet.findFrameLinkAccordingName(wanted));
+        RC_ASSERT(index.segment(wanted) == mSet.findFrameSegmentAccordingName(wanted));
+        RC_ASSERT(index.spec(wanted) == mSet.findFrameSpecAccordingName(wanted));
+        RC_ASSERT(index.chart(wanted) == mSet.findFrameMeasurementChartAccordingName(wanted));
+    }
+}
+
+} // namespace
