@@ -58,7 +58,6 @@ void detach(ControlSkeleton &skeleton, const FrameSet *set)
     for (ControlSegment *segment : segments) {
         const FrameSegment *element = segment->getFrameSegment();
         if (element && element->getFrameSet() == set) {
-            skeleton.Remove(segment);
             delete segment;
         }
     }
@@ -66,7 +65,6 @@ void detach(ControlSkeleton &skeleton, const FrameSet *set)
     for (ControlFrame *frame : frames) {
         const FrameFrame *element = frame->getFrameFrame();
         if (element && element->getFrameSet() == set) {
-            skeleton.removeFrame(frame);
             delete frame;
         }
     }
@@ -223,6 +221,7 @@ void PatternDocument::swap(PatternDocument &other)
 {
     std::swap(mName, other.mName);
     std::swap(mSizeNames, other.mSizeNames);
+    std::swap(mLostSets, other.mLostSets);
     std::swap(mLostSkeletons, other.mLostSkeletons);
     std::swap(mGradation, other.mGradation);
     std::swap(mPlan, other.mPlan);

@@ -23,6 +23,14 @@ struct RegularSteps;
 class VORCONJOIN_EXPORT GabaritObject
 {
 public:
+    /// A dependent on a straight edge, at parameter u (0 to 1) between the anchors a and b.
+    struct Pleat {
+        CDbPointVOR *vector;
+        const CDbPointVOR *a;
+        const CDbPointVOR *b;
+        double u;
+    };
+
     GabaritObject();
     GabaritObject(const GabaritObject &) = delete;
     GabaritObject &operator=(const GabaritObject &) = delete;
@@ -146,6 +154,7 @@ public:
 
     /// Parameter of a pleat vector between its anchors; 0 for another vector.
     double pleatParameter(const CDbPointVOR *v) const;
+    const std::vector<Pleat> &pleats() const { return mPleats; }
 
     /// The group that holds this gabarit; null for temporaries.
     CDbGroupObject *group() const { return mGroup; }
@@ -156,14 +165,6 @@ public:
 
 private:
     friend class CDbGroupObject;
-
-    /// A dependent on a straight edge.
-    struct Pleat {
-        CDbPointVOR *vector;
-        const CDbPointVOR *a;
-        const CDbPointVOR *b;
-        double u;
-    };
 
     bool uses(const CDbPointVOR *v) const;
     int stepsBetween(const CDbPointVOR *a, const CDbPointVOR *b, bool forward) const;

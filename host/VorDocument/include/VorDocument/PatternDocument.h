@@ -5,6 +5,7 @@
 #include <VorConjoin/GradationData.h>
 #include <VorDocument/VorDocumentExport.h>
 
+#include <QJsonArray>
 #include <QJsonValue>
 #include <QString>
 #include <QStringList>
@@ -71,8 +72,11 @@ public:
     /// for null.
     void detachSkeletons(const FrameSet *set);
 
-    /// What could not be tied when the document was read: the stored skeleton of a gabarit. Written again as
-    /// it was, unless the gabarit has got a skeleton since; undefined when there is none.
+    /// Stored forms that could not be read with the document, written again as they were: sets of which a
+    /// name does not resolve, and the skeleton of a gabarit, unless that has got one since; undefined for
+    /// none.
+    const QJsonArray &lostSets() const { return mLostSets; }
+    void keepLostSet(const QJsonValue &stored) { mLostSets.append(stored); }
     QJsonValue lostSkeleton(const GabaritObject *gabarit) const;
     void keepLostSkeleton(const GabaritObject *gabarit, const QJsonValue &stored);
 
@@ -83,6 +87,7 @@ public:
 private:
     QString mName;
     QStringList mSizeNames;
+    QJsonArray mLostSets;
     std::map<const GabaritObject *, QJsonValue> mLostSkeletons;
 
     // Declared in the order opposite to that of destruction.
