@@ -243,6 +243,22 @@ TEST_P(Rebuild, theSidesOfAMirrorAreNeverUndecidedByPlace)
     }
 }
 
+TEST_P(Rebuild, neitherHalfOfAMirrorIsMaster)
+{
+    if (!group->isMirror())
+        return;
+    for (CDbPointVOR *v : anchors()) {
+        if (static_cast<int>(group->Miroir()->getTagByID(*v)) == 0)
+            continue;
+        // Both halves share the move of one: it gets half of it, whichever it is.
+        const GeoPoint2D was(v->x(), v->y());
+        *v = GeoPoint2D(was.x() + 2.0, was.y() - 1.0);
+        group->againObjects(false, gradation, true);
+        EXPECT_NEAR(v->x(), was.x() + 1.0, kExact);
+        EXPECT_NEAR(v->y(), was.y() - 0.5, kExact);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Host, Rebuild, testing::ValuesIn(hostUnderTest().pieces()),
                          [](const auto &piece) { return piece.param; });
 
