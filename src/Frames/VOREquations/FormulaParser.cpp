@@ -2,7 +2,7 @@
 //
 // The only file that sees the parser generator.
 
-#include "VOREquations/FormulaParser.h"
+#include <VorFrames/TreeEquations.h>
 
 #include "Preconditions.h"
 #include "VOREquations/ElementNames.h"
@@ -12,7 +12,6 @@
 
 #include <VorFrames/ElementEquation.h>
 #include <VorFrames/FormulaLimits.h>
-#include <VorFrames/TreeEquations.h>
 
 #include <boost/spirit/include/classic_core.hpp>
 #include <memory>
@@ -232,8 +231,9 @@ bool matchFormula(const FormulaScan &scan, NodeStack &stack)
 
 } // namespace
 
-TreeEquations *parseFormula(const QString &text, ElementNames &names, bool implicitUnits)
+TreeEquations *TreeEquations::parse(const QString &text, FrameSet *frameSet, bool implicitUnits)
 {
+    ElementNames names(frameSet);
     const FormulaScan scan(text);
     NodeStack stack(scan, names);
     if (!matchFormula(scan, stack))
@@ -248,12 +248,6 @@ TreeEquations *parseFormula(const QString &text, ElementNames &names, bool impli
     if (implicitUnits)
         formula->determineImplicitUnits();
     return formula.release();
-}
-
-TreeEquations *TreeEquations::parse(const QString &text, FrameSet *frameSet, bool implicitUnits)
-{
-    ElementNames names(frameSet);
-    return parseFormula(text, names, implicitUnits);
 }
 
 } // namespace VorSystem

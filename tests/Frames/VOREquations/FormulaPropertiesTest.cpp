@@ -109,11 +109,9 @@ RC_GTEST_PROP(FormulaProperty, settlingTheUnitsTwiceChangesNothingMore, ())
     FormulaProperties scene;
     scene.mApplication.setLengthUnit(LengthUnit::millimetre());
     const Formula formula = formulaOf(scene.printableTree(6));
-    try {
-        formula->determineImplicitUnits();
-    } catch (const AssertionError &) {
-        RC_DISCARD("units that do not fit");
-    }
+    // The unit of the square of a length is what it was before, and so may differ in a second run.
+    RC_PRE(formula->verifierImplicitUnits());
+    formula->determineImplicitUnits();
     RC_PRE(!isForcedInsideProduct(formula->root, false));
     TreeEquations again(*formula);
 
