@@ -175,12 +175,12 @@ TEST_F(Managers, adjustsEverySetToTheSizesOfTheDocument)
     *frame->getMeasureBySizes() = support::sizes({5}, 0);
     FrameSpec *const spec = set->newSpec(name("P"));
     document.manager().adjustFrameSetsANest();
-    EXPECT_EQ(support::str(*frame->getMeasureBySizes()), "5 [5] 5");
-    EXPECT_EQ(support::str(*frame->getLevelBySizes()), "0 [0] 0");
-    EXPECT_EQ(support::str(*spec->getMeasureBySizes()), "0 [0] 0");
+    EXPECT_EQ(support::text(*frame->getMeasureBySizes()), "5 [5] 5");
+    EXPECT_EQ(support::text(*frame->getLevelBySizes()), "0 [0] 0");
+    EXPECT_EQ(support::text(*spec->getMeasureBySizes()), "0 [0] 0");
     document.setSizes(0, 0);
     document.manager().adjustFrameSetsANest();
-    EXPECT_EQ(support::str(*frame->getMeasureBySizes()), "[5]");
+    EXPECT_EQ(support::text(*frame->getMeasureBySizes()), "[5]");
 }
 
 TEST_F(Managers, reevaluatesEverySetWithoutAShortCut)
@@ -189,8 +189,8 @@ TEST_F(Managers, reevaluatesEverySetWithoutAShortCut)
     FrameSpec *const first = document.newSet("A")->newSpec(name("P"));
     FrameSpec *const second = document.newSet("B")->newSpec(name("P"));
     EXPECT_TRUE(document.manager().reevaluateFrameSets(Reevaluate_Apply));
-    EXPECT_EQ(support::str(*first->getMeasureBySizes()), "[0] 0");
-    EXPECT_EQ(support::str(*second->getMeasureBySizes()), "[0] 0");
+    EXPECT_EQ(support::text(*first->getMeasureBySizes()), "[0] 0");
+    EXPECT_EQ(support::text(*second->getMeasureBySizes()), "[0] 0");
     EXPECT_FALSE(document.manager().reevaluateFrameSets(Reevaluate_Apply));
 }
 

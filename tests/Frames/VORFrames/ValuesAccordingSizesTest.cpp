@@ -10,7 +10,7 @@
 
 using namespace VorSystem;
 using support::sizes;
-using support::str;
+using support::text;
 
 namespace
 {
@@ -18,7 +18,7 @@ namespace
 std::string fitted(ValuesAccordingSizes values, short small, short large)
 {
     adjustValuesAccordingSizeToNest(&values, small, large);
-    return str(values);
+    return text(values);
 }
 
 TEST(ValuesAccordingSizes, fittingContinuesTheGradingInAStraightLine)
@@ -43,7 +43,7 @@ TEST(ValuesAccordingSizes, fittingContinuesTheGradingInAStraightLine)
         {sizes({10, 12, 14}, -3), 0, 1, "[10] 12"},
     };
     for (const Row &row : rows)
-        EXPECT_EQ(fitted(row.values, row.small, row.large), row.result) << str(row.values);
+        EXPECT_EQ(fitted(row.values, row.small, row.large), row.result) << text(row.values);
 }
 
 TEST(ValuesAccordingSizes, fittingNothingIsAnError)
@@ -86,30 +86,30 @@ TEST(ValuesAccordingSizes, equalityDividesTheDifferenceByThreeFirst)
         {sizes({nan}, 0), sizes({nan}, 0), false},
     };
     for (const Row &row : rows)
-        EXPECT_EQ(row.a.isSameAs(row.b), row.same) << str(row.a) << " and " << str(row.b);
+        EXPECT_EQ(row.a.isSameAs(row.b), row.same) << text(row.a) << " and " << text(row.b);
 }
 
 TEST(ValuesAccordingSizes, shiftingBringsTheNestToTheOthersNest)
 {
     ValuesAccordingSizes values = sizes({10, 12, 14}, 1);
     values.shiftTo(sizes({1, 2, 3, 4}, 3));
-    EXPECT_EQ(str(values), "2 [4] 6");
+    EXPECT_EQ(text(values), "2 [4] 6");
 }
 
 TEST(ValuesAccordingSizes, growsAndShrinksAtEitherEnd)
 {
     ValuesAccordingSizes values = sizes({10, 12, 14}, 1);
     values.addSmallerSizes(2);
-    EXPECT_EQ(str(values), "6 8 10 [12] 14");
+    EXPECT_EQ(text(values), "6 8 10 [12] 14");
     values.addLargerSizes(1);
-    EXPECT_EQ(str(values), "6 8 10 [12] 14 16");
+    EXPECT_EQ(text(values), "6 8 10 [12] 14 16");
     values.removeSmallerSizes(3);
-    EXPECT_EQ(str(values), "[12] 14 16");
+    EXPECT_EQ(text(values), "[12] 14 16");
     values.removeLargerSizes(2);
-    EXPECT_EQ(str(values), "[12]");
+    EXPECT_EQ(text(values), "[12]");
     values.addSmallerSizes(0);
     values.addLargerSizes(-1);
-    EXPECT_EQ(str(values), "[12]");
+    EXPECT_EQ(text(values), "[12]");
 }
 
 TEST(ValuesAccordingSizesDeath, removingMoreThanThereIsEndsTheProgram)

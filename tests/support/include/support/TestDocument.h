@@ -115,12 +115,12 @@ inline VorSystem::ValuesAccordingSizes sizes(std::initializer_list<double> value
 }
 
 /// "10 [12] 14": the nest in brackets; "empty" for no value, and " nest N" where the nest is none of them.
-inline std::string str(const VorSystem::ValuesAccordingSizes &values)
+inline std::string text(const VorSystem::ValuesAccordingSizes &values)
 {
     QStringList texts;
     for (int size = 0; size < values.mValues.count(); ++size) {
-        const QString text = QString::number(values.mValues.at(size), 'g', 10);
-        texts.append(size == values.mNestIndex ? QLatin1Char('[') + text + QLatin1Char(']') : text);
+        const QString value = QString::number(values.mValues.at(size), 'g', 10);
+        texts.append(size == values.mNestIndex ? QLatin1Char('[') + value + QLatin1Char(']') : value);
     }
     if (values.mValues.isEmpty())
         texts.append(QStringLiteral("empty"));
