@@ -203,6 +203,37 @@ RC_GTEST_PROP(Properties, aRebuildMovesNoAnchorButPivotsAndTwiceEqualsOnce, ())
         RC_ASSERT(once[place].distance(twice[place]) < kExact);
 }
 
+RC_GTEST_PROP(Properties, everythingStaysFiniteUpToTenKilometres, ())
+{
+    const Piece piece = anyPiece();
+    const double scale = *rc::gen::element(0.0, 1e-9, 1e-3, 2e4);
+    for (CDbPointVOR *v : support::vectorsOf(piece.group.get()))
+        *v = GeoPoint2D(v->x() * scale, v->y() * scale);
+    const int count = static_cast<int>(piece.contour.size());
+    CDbPointVOR *from = piece.at(*rc::gen::inRange(0, count));
+    CDbPointVOR *to = piece.at(*rc::gen::inRange(0, count));
+    const GeoPoint2D axisA(anyNumber(-20, 20), 0.0);
+    const GeoPoint2D axisB(axisA.x(), *rc::gen::element(0.0, 1e-9, 1e6));
+    GabaritObject &gabarit = *piece.gabarit;
+    gabarit.moveVectorContourBetween(from, to, to, anyNumber(-5, 5), anyNumber(-5, 5), true);
+    gabarit.moveVectorAlongContour(from, to, from, &axisA, &axisB, anyNumber(-5, 5));
+    gabarit.setStretchLength(from, to, *rc::gen::element(-1e6, 0.0, 1e-9, 60.0, 1e6), true, true);
+    gabarit.PLI_ctlGabStandardizeEvolutions();
+    gabarit.pICCtlGabStandardizeEvolutions();
+    piece.group->grStandardizeEvolutions();
+    RC_ASSERT(std::isfinite(gabarit.measureBetween(piece.group.get(), from, to, true)));
+    RC_ASSERT(std::isfinite(gabarit.getContourLength(from, to, piece.at(0), false)));
+    const GradationData sizes = support::sevenSizes();
+    piece.group->againObjects(true, &sizes);
+    for (const CDbPointVOR *v : support::vectorsOf(piece.group.get())) {
+        RC_ASSERT(std::isfinite(v->mDisplacementX) && std::isfinite(v->mDisplacementY));
+        for (short size = 1; size <= 7; ++size) {
+            const GeoPoint2D place = v->positionInSize(size, &sizes);
+            RC_ASSERT(std::isfinite(place.x()) && std::isfinite(place.y()));
+        }
+    }
+}
+
 RC_GTEST_PROP(Properties, mirroredPairsAreSymmetricInEverySizeAfterARebuild, ())
 {
     const Piece piece = support::mirroredBack();

@@ -137,7 +137,7 @@ TEST_P(Contour, aCopiedPieceKeepsOrderIndicesAndIdentities)
 TEST_P(Contour, everyVectorIsWalkedOnceAndAnchorsAloneWithTypeOne)
 {
     Vectors all = vectors();
-    for (const CDbPointVOR *v : vectors(IteratorVectorG::Iterator_Anchors))
+    for (const CDbPointVOR *v : vectors(kAnchorsOnly))
         EXPECT_TRUE(v->mVectorKind == 0 || v->mVectorKind == 1);
     std::sort(all.begin(), all.end());
     EXPECT_EQ(std::adjacent_find(all.begin(), all.end()), all.end());

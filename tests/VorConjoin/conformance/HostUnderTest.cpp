@@ -45,7 +45,7 @@ PieceLaw::Vectors PieceLaw::contour() const
 {
     Vectors found;
     IteratorVectorGabarit walk;
-    walk.first(gabarit, IteratorVectorG::Iterator_All);
+    walk.first(gabarit, kEveryVector);
     for (CDbPointVOR *v = nullptr; walk.next(v);)
         found.push_back(v);
     return found;

@@ -16,6 +16,10 @@
 namespace conformance
 {
 
+/// The two kinds of walks over vectors; hosts name the numbers as they like.
+constexpr auto kEveryVector = static_cast<VorSystem::IteratorVectorG::eTypeIterator>(0);
+constexpr auto kAnchorsOnly = static_cast<VorSystem::IteratorVectorG::eTypeIterator>(1);
+
 /// Makes the pieces on which the rules are tested.
 class HostUnderTest
 {
@@ -49,8 +53,7 @@ protected:
     /// A piece that dies with the test.
     VorSystem::CDbGroupObject *keep(VorSystem::CDbGroupObject *piece);
     /// All vectors in the order of the walk; only anchors with type 1.
-    Vectors
-    vectors(VorSystem::IteratorVectorG::eTypeIterator type = VorSystem::IteratorVectorG::Iterator_All) const;
+    Vectors vectors(VorSystem::IteratorVectorG::eTypeIterator type = kEveryVector) const;
     Vectors contour() const;
     Vectors anchors() const; ///< of the contour
     std::vector<VorSystem::DartContour *> darts() const;
