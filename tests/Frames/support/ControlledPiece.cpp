@@ -47,7 +47,10 @@ ControlFrame *ControlledPiece::frame(const char *name, CDbPointVOR *vector1, CDb
 ControlSegment *ControlledPiece::segment(const char *name, CDbPointVOR *vector1, CDbPointVOR *vector2,
                                          FrameSegment::eDisplaceType displace)
 {
-    FrameSegment *element = mSet->newSegment(QString::fromLatin1(name));
+    const QString stem = QString::fromLatin1(name);
+    FrameSegment *element = mSet->newSegment(stem);
+    for (int number = 2; !element; ++number)
+        element = mSet->newSegment(stem + QString::number(number));
     element->getDisplace() = displace;
     auto *control = new ControlSegment(vector1, vector2, mSkeleton.get(), element);
     readBack();

@@ -46,6 +46,7 @@ public:
                                          VorSystem::FrameCenter::Characteristic_TwoSides);
     VorSystem::ControlFrame *frame(const char *name, VorSystem::CDbPointVOR *vector1,
                                    VorSystem::CDbPointVOR *vector2);
+    /// A name that is taken gets a number.
     VorSystem::ControlSegment *segment(const char *name, VorSystem::CDbPointVOR *vector1,
                                        VorSystem::CDbPointVOR *vector2,
                                        VorSystem::FrameSegment::eDisplaceType displace);
