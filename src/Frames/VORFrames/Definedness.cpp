@@ -69,6 +69,8 @@ bool Definedness::linkIsDefined(const FrameLink &link)
 {
     const QListEx<FrameFrame *> frames = link.getFrames();
     for (FrameFrame *frame : frames) {
+        if (!isDefined(frame))
+            return false;
         const auto *const control = dynamic_cast<ControlFrame *>(mControls.of(frame));
         if (control == nullptr || !control->getAgreesLink())
             return false;

@@ -16,12 +16,13 @@ class Definedness
 public:
     /// Raises AssertionError where a spec or chart names an unresolved element or holds a broken formula.
     bool isDefined(BaseFrame *element);
+    /// As element->objectControlCorresponding().
     ControlBase *controlOf(BaseFrame *element) { return mControls.of(element); }
-
-private:
+    /// The library's own answer for a link, and for a spec or chart, of whatever class it is.
     bool linkIsDefined(const FrameLink &link);
     bool computedIsDefined(BaseFrame *element);
 
+private:
     ControlLookup mControls;
     QHash<BaseFrame *, bool> mComputed; // specs and charts whose answer is known
 };

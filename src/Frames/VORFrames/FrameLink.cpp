@@ -140,7 +140,7 @@ void FrameLink::relinkingFrames()
 
 bool FrameLink::isDefinedInDocument()
 {
-    return Definedness().isDefined(this);
+    return Definedness().linkIsDefined(*this);
 }
 
 bool FrameLink::framesAreDefined()

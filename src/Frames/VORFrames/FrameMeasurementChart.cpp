@@ -70,7 +70,7 @@ bool FrameMeasurementChart::reevaluate(eFrameReevaluate mode)
 
 bool FrameMeasurementChart::isDefinedInDocument()
 {
-    return Definedness().isDefined(this);
+    return Definedness().computedIsDefined(this);
 }
 
 bool FrameMeasurementChart::canBeDestroyed(bool)

@@ -68,7 +68,7 @@ bool FrameSpec::reevaluate(eFrameReevaluate mode)
 
 bool FrameSpec::isDefinedInDocument()
 {
-    return Definedness().isDefined(this);
+    return Definedness().computedIsDefined(this);
 }
 
 bool FrameSpec::canBeDestroyed(bool)
