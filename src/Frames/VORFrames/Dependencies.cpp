@@ -10,7 +10,8 @@ namespace VorSystem
 void Dependencies::take(const Evaluation &evaluation)
 {
     BaseFrame *const element = evaluation.mElement;
-    mFromFormulas.erase(mFromFormulas.begin(), mFromFormulas.end()); // keeps the block, unlike clear()
+    if (!mFromFormulas.isEmpty())
+        mFromFormulas.erase(mFromFormulas.begin(), mFromFormulas.end()); // keeps the block, unlike clear()
     if (evaluation.mType == Evaluation_Measure)
         element->addEvaluationUsedInMeasurement(mFromFormulas);
     else

@@ -29,27 +29,33 @@ constexpr std::size_t valueNumber(std::size_t element, eEvaluationType type)
 } // namespace
 
 DependencyGraph::DependencyGraph(FrameSet &set)
-    : mSet(&set), mElements(static_cast<std::size_t>(set.getFramesPtr()->size()) + 16)
+    : DependencyGraph(set, set.getFrames(), set.getFrameLinks(), set.getFrameSegments(),
+                      set.getFrameMeasurementCharts())
 {
-    const QListEx<FrameFrame *> frames = set.getFrames();
-    for (FrameFrame *frame : frames) {
-        addRecord(frame, Evaluation_Measure);
-        addRecord(frame, Evaluation_Level);
-    }
-    const QListEx<FrameLink *> links = set.getFrameLinks();
-    for (FrameLink *link : links) {
-        addRecord(link, Evaluation_Measure);
-        addRecord(link, Evaluation_Level);
-    }
-    const QListEx<FrameSegment *> segments = set.getFrameSegments();
-    for (FrameSegment *segment : segments)
-        addRecord(segment, Evaluation_Measure);
-    const QListEx<FrameMeasurementChart *> charts = set.getFrameMeasurementCharts();
-    for (FrameMeasurementChart *chart : charts) {
-        addRecord(chart, Evaluation_Measure);
-        addRecord(chart, Evaluation_Level);
-    }
+}
 
+DependencyGraph::DependencyGraph(FrameSet &set, const QListEx<FrameFrame *> &frames,
+                                 const QListEx<FrameLink *> &links, const QListEx<FrameSegment *> &segments,
+                                 const QListEx<FrameMeasurementChart *> &charts)
+    : mSet(&set),
+      mElements(static_cast<std::size_t>(frames.size() + links.size() + segments.size() + charts.size()))
+{
+    const auto addAll = [this](const auto &elements, bool haveLevels) {
+        for (BaseFrame *element : elements) {
+            addRecord(element, Evaluation_Measure);
+            if (haveLevels)
+                addRecord(element, Evaluation_Level);
+        }
+    };
+    addAll(frames, true);
+    addAll(links, true);
+    addAll(segments, false);
+    addAll(charts, true);
+    addDependencies();
+}
+
+void DependencyGraph::addDependencies()
+{
     mWaits.resize(recordCount());
     mLinkValuesBegin.reserve(recordCount() + 1);
     Dependencies dependencies;
@@ -68,7 +74,7 @@ void DependencyGraph::addRecord(BaseFrame *element, eEvaluationType type)
     const Value value = valueNumber(enter(element), type);
     mRecords.push_back({element, type});
     mValues.push_back(value);
-    ++mRecordsOfValue[value];
+    ++mNodes[value / 2].records[value % 2];
 }
 
 void DependencyGraph::addFormulaDependencies(Record record, const QListEx<Evaluation> &dependencies)
@@ -109,25 +115,22 @@ void DependencyGraph::addWait(Record record, Value value)
     if (recordsOf(value) == 0)
         return; // stands in no round, so it is never waited for
     ++mWaits[record];
-    mWaiting.push_back({record, mFirstWaiting[value]});
-    mFirstWaiting[value] = mWaiting.size() - 1;
+    std::size_t &first = mNodes[value / 2].firstWaiting[value % 2];
+    mWaiting.push_back({record, first});
+    first = mWaiting.size() - 1;
 }
 
 std::size_t DependencyGraph::enter(BaseFrame *element)
 {
     const std::size_t number = mElements.enter(element);
-    if (number == mKinds.size()) {
-        mKinds.push_back(Kind::Unknown);
-        mFirstLinkOver.push_back(kNone);
-        mRecordsOfValue.resize(valueCount());
-        mFirstWaiting.resize(valueCount(), kNone);
-    }
+    if (number == mNodes.size())
+        mNodes.emplace_back();
     return number;
 }
 
 bool DependencyGraph::isLink(std::size_t element)
 {
-    Kind &kind = mKinds[element];
+    Kind &kind = mNodes[element].kind;
     if (kind == Kind::Unknown)
         kind = mElements.element(element)->elementType() == Element_Link ? Kind::Link : Kind::Other;
     return kind != Kind::Other;
@@ -135,14 +138,14 @@ bool DependencyGraph::isLink(std::size_t element)
 
 void DependencyGraph::listFramesOf(std::size_t link)
 {
-    if (mKinds[link] == Kind::ListedLink)
+    if (mNodes[link].kind == Kind::ListedLink)
         return;
-    mKinds[link] = Kind::ListedLink;
+    mNodes[link].kind = Kind::ListedLink;
     const QListEx<FrameFrame *> frames = static_cast<FrameLink *>(mElements.element(link))->getFrames();
     for (FrameFrame *frame : frames) {
-        const std::size_t element = enter(frame);
-        mLinksOver.push_back({link, mFirstLinkOver[element]});
-        mFirstLinkOver[element] = mLinksOver.size() - 1;
+        std::size_t &first = mNodes[enter(frame)].firstLinkOver;
+        mLinksOver.push_back({link, first});
+        first = mLinksOver.size() - 1;
     }
 }
 

@@ -13,6 +13,9 @@
 namespace VorSystem
 {
 
+class FrameFrame;
+class FrameLink;
+class FrameMeasurementChart;
 class FrameSegment;
 class FrameSet;
 
@@ -35,7 +38,7 @@ public:
     const Evaluation &evaluation(Record record) const { return mRecords[record]; }
     Value valueOf(Record record) const { return mValues[record]; }
     /// How many records the value has: 0 for elements outside the set and for centers, specs and the like.
-    std::size_t recordsOf(Value value) const { return mRecordsOfValue[value]; }
+    std::size_t recordsOf(Value value) const { return mNodes[value / 2].records[value % 2]; }
 
     /// How many entries among the dependencies wait for a value that has records.
     std::size_t waitsFor(Record record) const { return mWaits[record]; }
@@ -43,7 +46,8 @@ public:
     template<class Visit>
     void forEachWaiting(Value value, Visit visit) const
     {
-        for (std::size_t entry = mFirstWaiting[value]; entry != kNone; entry = mWaiting[entry].next)
+        const std::size_t first = mNodes[value / 2].firstWaiting[value % 2];
+        for (std::size_t entry = first; entry != kNone; entry = mWaiting[entry].next)
             visit(mWaiting[entry].number);
     }
 
@@ -62,7 +66,8 @@ public:
     template<class Visit>
     void forEachLinkValueOver(Value value, Visit visit) const
     {
-        for (std::size_t entry = mFirstLinkOver[value / 2]; entry != kNone; entry = mLinksOver[entry].next)
+        const std::size_t first = mNodes[value / 2].firstLinkOver;
+        for (std::size_t entry = first; entry != kNone; entry = mLinksOver[entry].next)
             visit(2 * mLinksOver[entry].number + value % 2);
     }
 
@@ -85,11 +90,20 @@ private:
         std::size_t next;
     };
     enum class Kind : char { Unknown, Link, ListedLink, Other }; // listed: its frames are in mLinksOver
+    struct Node { // of an element; the pairs are for measure and level
+        std::size_t records[2] = {0, 0};
+        std::size_t firstWaiting[2] = {kNone, kNone}; // into mWaiting
+        std::size_t firstLinkOver = kNone;            // into mLinksOver
+        Kind kind = Kind::Unknown;
+    };
     struct SegmentInfluence {
         std::size_t segment; // its element number
         Record moved;
     };
 
+    DependencyGraph(FrameSet &set, const QListEx<FrameFrame *> &frames, const QListEx<FrameLink *> &links,
+                    const QListEx<FrameSegment *> &segments, const QListEx<FrameMeasurementChart *> &charts);
+    void addDependencies();
     void addRecord(BaseFrame *element, eEvaluationType type);
     void addFormulaDependencies(Record record, const QListEx<Evaluation> &dependencies);
     void addMovers(Record record, const std::vector<BaseFrame *> &movers);
@@ -102,16 +116,13 @@ private:
 
     FrameSet *const mSet;
     ElementTable mElements;
-    std::vector<Kind> mKinds; ///< per element
+    std::vector<Node> mNodes; ///< per element
     std::vector<Evaluation> mRecords;
-    std::vector<Value> mValues;               ///< per record
-    std::vector<std::size_t> mWaits;          ///< per record
-    std::vector<std::size_t> mRecordsOfValue; ///< per value
-    std::vector<std::size_t> mFirstWaiting;   ///< per value, into mWaiting
+    std::vector<Value> mValues;      ///< per record
+    std::vector<std::size_t> mWaits; ///< per record
     std::vector<Entry> mWaiting;
     std::vector<std::size_t> mLinkValuesBegin; ///< per record and one more, into mLinkValues
     std::vector<Value> mLinkValues;
-    std::vector<std::size_t> mFirstLinkOver; ///< per element, into mLinksOver
     std::vector<Entry> mLinksOver;
     std::vector<SegmentInfluence> mSegmentInfluences;
     bool mMixed = false; ///< some element answers another set than the one it is listed in

@@ -125,6 +125,9 @@ void GeometricInfluence::addReach(std::size_t position)
 
 std::vector<BaseFrame *> GeometricInfluence::moversOf(BaseFrame *element)
 {
+    if (mAsked.empty() && mReached.empty())
+        return {};
+
     Movers found;
     for (std::size_t position : mAsked) {
         if (mMovers[position]->influenceGeometrically(element))
