@@ -18,6 +18,7 @@
 #include <VorFrames/FrameSpec.h>
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <typeinfo>
 
@@ -45,6 +46,14 @@ bool neverMoves(BaseFrame *element)
     const std::type_info &type = typeid(*element);
     return type == typeid(FrameLink) || type == typeid(FrameSpec) || type == typeid(FrameMeasurementChart) ||
            type == typeid(FrameCenter);
+}
+
+// The same for a vector and its unmoved copies. Identities alone say little: every piece counts its own.
+std::size_t likeness(const CDbPointVOR &vector)
+{
+    const std::hash<double> hash; // equal for 0.0 and -0.0
+    const auto identity = static_cast<std::size_t>(vector.Num_ID().number());
+    return (identity * 31 + hash(vector.x())) * 31 + hash(vector.y());
 }
 
 // What the mover's reach is taken from; null where the mover, being asked, would report that it is missing.
@@ -117,7 +126,7 @@ void GeometricInfluence::addReach(std::size_t position)
         const auto [place, isNew] = mPlaceInReached.emplace(vector, mReached.size());
         if (isNew) {
             mReached.push_back({vector, {}});
-            mReachedByIdentity[vector->Num_ID().number()].push_back(place->second);
+            mReachedAlike.emplace(likeness(*vector), place->second);
         }
         mReached[place->second].movers.push_back(position);
     }
@@ -169,10 +178,11 @@ std::vector<std::size_t> GeometricInfluence::reachedThatMayBelongTo(ControlBase 
     // A vector counts as held when it is an end of the control object or an unmoved copy of one.
     for (short end = 1; end <= 2; ++end) {
         const CDbPointVOR *const vector = control->getVectorContour(end);
-        const auto same =
-            vector == nullptr ? mReachedByIdentity.end() : mReachedByIdentity.find(vector->Num_ID().number());
-        if (same != mReachedByIdentity.end())
-            places.insert(places.end(), same->second.begin(), same->second.end());
+        if (vector == nullptr)
+            continue;
+        const auto [first, last] = mReachedAlike.equal_range(likeness(*vector));
+        for (auto alike = first; alike != last; ++alike)
+            places.push_back(alike->second);
     }
     // A segment holds the stretch between its ends too.
     if (kind == typeid(ControlSegment) && control->getSkeleton() != nullptr) {

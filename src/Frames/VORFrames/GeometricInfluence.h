@@ -47,7 +47,7 @@ private:
     Movers mAsked; ///< those to be asked for each element
     std::vector<Reached> mReached;
     std::unordered_map<const CDbPointVOR *, std::size_t> mPlaceInReached;
-    std::unordered_map<int, std::vector<std::size_t>> mReachedByIdentity;
+    std::unordered_multimap<std::size_t, std::size_t> mReachedAlike; ///< by what a copy has in common
     std::unordered_map<GabaritObject *, std::vector<std::size_t>> mReachedOnContour;
 };
 
