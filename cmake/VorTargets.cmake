@@ -16,6 +16,8 @@ if(VORFRAMES_SANITIZE)
     set(vor_sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_compile_options(vor_options INTERFACE ${vor_sanitizers})
     target_link_options(vor_options INTERFACE ${vor_sanitizers})
+    # g++ takes the checks that it inserts for reads of values that may be unset.
+    target_compile_options(vor_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
 find_program(VOR_CCACHE ccache)

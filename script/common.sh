@@ -15,8 +15,9 @@ build()
     mkdir -p "build/$preset"
     if ! { cmake --preset "$preset" &&
            cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}; } >"$log" 2>&1; then
-        tail -n 100 "$log" >&2
-        echo "The build failed; all of its output is in $log" >&2
+        grep -E '^FAILED|error:|undefined reference|CMake Error' "$log" | cut -c1-300 | head -n 40 >&2
+        echo "The build failed; all of its output is in $log, and these are its last lines:" >&2
+        tail -n 20 "$log" | cut -c1-300 >&2
         return 1
     fi
 }
