@@ -7,6 +7,9 @@ sources()
         find . -path ./build -prune -o -type f \( -name '*.h' -o -name '*.cpp' \) -print0  # not a clone
 }
 
+# Clones in different folders share what ccache has compiled.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+
 # build PRESET [TARGET...]: configures and builds; silent unless it fails.
 build()
 {

@@ -2,28 +2,13 @@
 // and after the chest is typed in anew.
 
 #include <QTextStream>
+#include <VorDocument/VorDocument.h>
 #include <VorFrames/VorFrames.h>
 
 using namespace VorSystem;
 
 namespace
 {
-
-// All that the library asks of a document that holds no pieces yet: a gradation and the manager.
-class DemoDocument : public Document
-{
-public:
-    DemoDocument() { mManager.setDocument(this); }
-
-    const GradationData *gradationData() const override { return &mGradation; }
-    GestFrames *framesManager() const override { return &mManager; }
-    const t_Plan *plan() const override { return &mPlan; }
-
-private:
-    GradationData mGradation{5, 3}; // five sizes, the third is the nest
-    t_Plan mPlan;
-    mutable GestFrames mManager;
-};
 
 FrameSet *addSet(GestFrames &manager, const QString &name)
 {
@@ -85,7 +70,9 @@ void print(GestFrames &manager, const QString &title)
 int main()
 {
     QLocale::setDefault(QLocale::c());
-    DemoDocument document;
+    PatternDocument document;
+    const QStringList sizes = QStringLiteral("34 36 38 40 42").split(QLatin1Char(' '));
+    document.setSizes(sizes, 3); // the third is the nest
     GestFrames &manager = *GestFrames::managerFramesDocument(&document);
 
     FrameSet *bodice = addSet(manager, QStringLiteral("Bodice"));
