@@ -68,6 +68,10 @@ public:
     void fromJson(const XJsonObject &object, FrameSet *set);
 
     ElementEquation *root = nullptr;
+
+private:
+    /// Takes ownership of a finished root.
+    explicit TreeEquations(ElementEquation *finished) : root(finished) {}
 };
 
 } // namespace VorSystem

@@ -12,7 +12,10 @@ namespace VorSystem
 namespace
 {
 
-constexpr int kSearchesBeforeIndex = 8; // an index costs about as much as this many searches of the set
+// A search passes by the elements at a few nanoseconds each, an index costs a hundred or so for each of them
+// once, and as much again for each name that is looked up.
+constexpr int kElementsBeforeIndex = 100;
+constexpr int kSearchesBeforeIndex = 8;
 
 } // namespace
 
@@ -24,9 +27,16 @@ ElementNames::ElementNames(const FrameSet *set)
 ElementNames::ElementNames(const NameIndex &index) : mIndex(&index) {}
 ElementNames::~ElementNames() = default;
 
+bool ElementNames::isLarge(const FrameSet &set)
+{
+    const int count = set.mFrames.size() + set.mFrameCenters.size() + set.mFrameLinks.size() +
+                      set.mFrameSegments.size() + set.mFrameSpecs.size() + set.mFrameMeasurementCharts.size();
+    return count > kElementsBeforeIndex;
+}
+
 BaseFrame *ElementNames::found(const QString &name, bool searchFrames)
 {
-    if (mIndex == nullptr && ++mSearches > kSearchesBeforeIndex) {
+    if (mIndex == nullptr && ++mSearches > kSearchesBeforeIndex && isLarge(*mSet)) {
         mOwnIndex = std::make_unique<NameIndex>(*mSet);
         mIndex = mOwnIndex.get();
     }

@@ -31,6 +31,8 @@ public:
     BaseFrame *found(const QString &name, bool searchFrames);
 
 private:
+    static bool isLarge(const FrameSet &set);
+
     const FrameSet *mSet = nullptr;
     const NameIndex *mIndex = nullptr;
     std::unique_ptr<NameIndex> mOwnIndex;

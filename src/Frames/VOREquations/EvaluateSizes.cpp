@@ -18,116 +18,150 @@ namespace VorSystem
 namespace
 {
 
-/// A formula as a list of steps over rows, a row being one value per size: a leaf puts a row on the stack, an
-/// operation replaces the two on top by one.
-class RowProgram
-{
-public:
-    explicit RowProgram(int sizes) : mSizes(sizes) {}
+using Stored = QListEx<double>;
 
-    /// False when the sizes must be walked one by one, since a walk could end in a failure that one size
-    /// meets and another does not, or could not be finished at all.
-    bool take(const ElementEquation *node, int depth);
-    void run(QListEx<double> &values) const;
-
-private:
-    struct Step {
-        ElemContent kind; // ElemValue for every leaf
-        double constant;
-        const QListEx<double> *stored; // of a leaf that is no constant
-    };
-
-    bool takeReference(const ValuesAccordingSizes *stored);
-    void takeLeaf(double constant, const QListEx<double> *stored);
-    void combine(ElemContent kind, double *left, const double *right) const;
-
-    int mSizes;
-    int mHeight = 0;
-    int mGreatestHeight = 0;
-    QVarLengthArray<Step, 32> mSteps;
+/// A leaf: its stored values, or the one value that it has in all sizes.
+struct Leaf {
+    const Stored *stored = nullptr;
+    double constant = 0.0;
 };
 
-bool RowProgram::take(const ElementEquation *node, int depth)
+/// Walks a formula with a row of values, one per size, where a plain walk has one value.
+///
+/// A row lies above those of the operations around it, so that a flat sum needs one row however long it is.
+class RowWalk
 {
-    if (node == nullptr || depth > kMaxFormulaDepth)
-        return false;
+public:
+    explicit RowWalk(int sizes) : mSizes(sizes) {}
 
-    switch (node->contents) {
-    case ElemValue: takeLeaf(node->value, nullptr); return true;
-    case ElemMeasure: return node->element != nullptr && takeReference(node->element->getMeasureBySizes());
-    case ElemLevel: return node->element != nullptr && takeReference(node->element->getLevelBySizes());
-    case ElemParenthesis: return take(node->sonLeft, depth + 1);
-    case ElemAdd:
-    case ElemSubtract:
-    case ElemMultiply:
-    case ElemDivide:
-        if (!take(node->sonLeft, depth + 1) || !take(node->sonRight, depth + 1))
-            return false;
-        mSteps.append({node->contents, 0.0, nullptr});
-        --mHeight;
-        return true;
-    case ElemNone:
-    default: return false;
+    /// Puts the values of node into the row. False when the sizes must be walked one by one, since a walk
+    /// could end in a failure that one size meets and another does not, or could not be finished at all.
+    bool walk(const ElementEquation *node, int row, int depth);
+    const double *row(int index) const { return mRows.constData() + index * mSizes; }
+
+private:
+    enum class Outcome { Taken, NoLeaf, Refused };
+
+    Outcome takeLeaf(const ElementEquation *node, Leaf &leaf) const;
+    Outcome takeReference(const ValuesAccordingSizes *values, Leaf &leaf) const;
+    void combine(ElemContent kind, int row, const Leaf &right);
+    double *rowForWriting(int index)
+    {
+        if (mRows.size() < (index + 1) * mSizes)
+            mRows.resize((index + 1) * mSizes);
+        return mRows.data() + index * mSizes;
     }
-}
 
-bool RowProgram::takeReference(const ValuesAccordingSizes *stored)
-{
-    if (stored == nullptr || stored->mValues.isEmpty()) {
-        takeLeaf(0.0, nullptr);
-        return true;
-    }
-    if (stored->mValues.size() < mSizes)
-        return false;
-    takeLeaf(0.0, &stored->mValues);
-    return true;
-}
+    int mSizes;
+    QVarLengthArray<double, 128> mRows;
+};
 
-void RowProgram::takeLeaf(double constant, const QListEx<double> *stored)
-{
-    mSteps.append({ElemValue, constant, stored});
-    mGreatestHeight = std::max(mGreatestHeight, ++mHeight);
-}
-
-void RowProgram::run(QListEx<double> &values) const
-{
-    QVarLengthArray<double, 128> rows(mGreatestHeight * mSizes);
-    double *top = rows.data(); // one row above the stack
-    for (const Step &step : mSteps) {
-        if (step.kind != ElemValue) {
-            top -= mSizes;
-            combine(step.kind, top - mSizes, top);
-            continue;
-        }
-        if (step.stored != nullptr)
-            std::copy_n(step.stored->constBegin(), mSizes, top);
-        else
-            std::fill_n(top, mSizes, step.constant);
-        top += mSizes;
-    }
-    std::copy_n(rows.constData(), mSizes, values.begin());
-}
-
-void RowProgram::combine(ElemContent kind, double *left, const double *right) const
+/// left = left kind right, where right is asked for the value of a size.
+template<class Right>
+void combineRow(ElemContent kind, double *left, int sizes, Right right)
 {
     switch (kind) {
     case ElemAdd:
-        for (int size = 0; size < mSizes; ++size)
-            left[size] += right[size];
+        for (int size = 0; size < sizes; ++size)
+            left[size] += right(size);
         break;
     case ElemSubtract:
-        for (int size = 0; size < mSizes; ++size)
-            left[size] -= right[size];
+        for (int size = 0; size < sizes; ++size)
+            left[size] -= right(size);
         break;
     case ElemMultiply:
-        for (int size = 0; size < mSizes; ++size)
-            left[size] *= right[size];
+        for (int size = 0; size < sizes; ++size)
+            left[size] *= right(size);
         break;
     default:
-        for (int size = 0; size < mSizes; ++size)
-            left[size] = countsAsZero(right[size]) ? 0.0 : left[size] / right[size];
+        for (int size = 0; size < sizes; ++size) {
+            const double divisor = right(size);
+            left[size] = countsAsZero(divisor) ? 0.0 : left[size] / divisor;
+        }
         break;
     }
+}
+
+bool RowWalk::walk(const ElementEquation *node, int row, int depth)
+{
+    if (depth > kMaxFormulaDepth)
+        return false;
+
+    Leaf leaf;
+    switch (takeLeaf(node, leaf)) {
+    case Outcome::Refused: return false;
+    case Outcome::Taken:
+        if (leaf.stored != nullptr)
+            std::copy_n(leaf.stored->constBegin(), mSizes, rowForWriting(row));
+        else
+            std::fill_n(rowForWriting(row), mSizes, leaf.constant);
+        return true;
+    case Outcome::NoLeaf: break;
+    }
+    if (!walk(node->sonLeft, row, depth + 1))
+        return false;
+    if (node->contents == ElemParenthesis)
+        return true;
+
+    Leaf right;
+    switch (takeLeaf(node->sonRight, right)) {
+    case Outcome::Refused: return false;
+    case Outcome::Taken:
+        if (depth == kMaxFormulaDepth)
+            return false;
+        combine(node->contents, row, right);
+        return true;
+    case Outcome::NoLeaf: break;
+    }
+    if (!walk(node->sonRight, row + 1, depth + 1))
+        return false;
+    const double *const above = this->row(row + 1);
+    combineRow(node->contents, rowForWriting(row), mSizes, [above](int size) { return above[size]; });
+    return true;
+}
+
+RowWalk::Outcome RowWalk::takeLeaf(const ElementEquation *node, Leaf &leaf) const
+{
+    if (node == nullptr)
+        return Outcome::Refused;
+
+    switch (node->contents) {
+    case ElemValue: leaf.constant = node->value; return Outcome::Taken;
+    case ElemMeasure:
+        return node->element == nullptr ? Outcome::Refused
+                                        : takeReference(node->element->getMeasureBySizes(), leaf);
+    case ElemLevel:
+        return node->element == nullptr ? Outcome::Refused
+                                        : takeReference(node->element->getLevelBySizes(), leaf);
+    case ElemParenthesis:
+    case ElemAdd:
+    case ElemSubtract:
+    case ElemMultiply:
+    case ElemDivide: return Outcome::NoLeaf;
+    case ElemNone:
+    default: return Outcome::Refused;
+    }
+}
+
+RowWalk::Outcome RowWalk::takeReference(const ValuesAccordingSizes *values, Leaf &leaf) const
+{
+    if (values == nullptr || values->mValues.isEmpty())
+        return Outcome::Taken; // 0.0 in every size
+    if (values->mValues.size() < mSizes)
+        return Outcome::Refused;
+    leaf.stored = &values->mValues;
+    return Outcome::Taken;
+}
+
+void RowWalk::combine(ElemContent kind, int row, const Leaf &right)
+{
+    double *const left = rowForWriting(row);
+    if (right.stored == nullptr) {
+        combineRow(kind, left, mSizes, [constant = right.constant](int) { return constant; });
+        return;
+    }
+    const Stored::const_iterator values = right.stored->constBegin();
+    combineRow(kind, left, mSizes, [values](int size) { return values[size]; });
 }
 
 } // namespace
@@ -135,9 +169,9 @@ void RowProgram::combine(ElemContent kind, double *left, const double *right) co
 void evaluateSizes(TreeEquations &formula, QListEx<double> &values)
 {
     const int sizes = values.size();
-    RowProgram program(sizes);
-    if (sizes > 1 && program.take(formula.root, 1)) {
-        program.run(values);
+    RowWalk walk(sizes);
+    if (sizes > 1 && walk.walk(formula.root, 0, 1)) {
+        std::copy_n(walk.row(0), sizes, values.begin());
         return;
     }
     for (int size = 0; size < sizes; ++size)

@@ -238,13 +238,12 @@ TreeEquations *TreeEquations::parse(const QString &text, FrameSet *frameSet, boo
     NodeStack stack(scan, names);
     if (!matchFormula(scan, stack))
         return nullptr;
-    std::unique_ptr<ElementEquation> root = stack.takeFormula();
-    if (root == nullptr)
+    std::unique_ptr<ElementEquation> finished = stack.takeFormula();
+    if (finished == nullptr)
         return nullptr;
 
-    auto formula = std::make_unique<TreeEquations>();
-    delete formula->root;
-    formula->root = root.release();
+    std::unique_ptr<TreeEquations> formula(new TreeEquations(finished.get()));
+    finished.release(); // NOLINT(bugprone-unused-return-value): the formula owns it from here on
     if (implicitUnits)
         formula->determineImplicitUnits();
     return formula.release();

@@ -5,37 +5,64 @@
 #include <VorCore/VorCore.h>
 
 #include <QLocale>
+#include <algorithm>
 
 namespace VorSystem
 {
 
-FormulaScan::FormulaScan(const QString &typed) : mTyped(typed)
+namespace
+{
+
+bool isAscii(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar character) { return character.unicode() < 0x80; });
+}
+
+/// The code units of text.toLower().
+FormulaScan::Text lowerCase(const QString &text)
+{
+    FormulaScan::Text lowered;
+    if (!isAscii(text)) {
+        Utility::stringConvert(text.toLower(), lowered);
+        return lowered;
+    }
+    Utility::stringConvert(text, lowered);
+    for (unsigned short &character : lowered) {
+        if (character >= 'A' && character <= 'Z')
+            character = static_cast<unsigned short>(character + ('a' - 'A'));
+    }
+    return lowered;
+}
+
+} // namespace
+
+FormulaScan::FormulaScan(const QString &typed) : mTyped(typed), mText(lowerCase(typed))
 {
     const QLocale locale;
-    const QChar decimalPoint = locale.decimalPoint();
-    const QChar groupSeparator = locale.groupSeparator();
+    const unsigned short decimalPoint = locale.decimalPoint().unicode();
+    const unsigned short groupSeparator = locale.groupSeparator().unicode();
 
     // A few letters grow longer in lower case. Positions count in the lower-case text, so that names behind
     // such a letter are cut out of the typed text that much too late.
-    const QString lowered = typed.toLower();
-    const int length = lowered.size();
-    QString kept(length, Qt::Uninitialized);
-    QChar *write = kept.data();
-    mTypedPlaces.reserve(length + 1);
+    const int length = static_cast<int>(mText.size());
+    mTypedPlaces.resize(length + 1);
+    Text::iterator kept = mText.begin();
+    int *keptPlace = mTypedPlaces.data();
     for (int place = 0; place < length; ++place) {
-        QChar character = lowered.at(place);
-        if (character == decimalPoint && place + 1 < length && lowered.at(place + 1).isDigit())
-            character = QLatin1Char('.');
+        const auto here = mText.cbegin() + place;
+        unsigned short character = *here;
+        if (character == decimalPoint && place + 1 < length && QChar::isDigit(here[1]))
+            character = '.';
         // Deliberate: where the point groups digits, a decimal comma has just become a point and goes as
         // well, so that 3,5 reads as 35.
-        if (character.isSpace() || character == groupSeparator)
+        if (QChar::isSpace(character) || character == groupSeparator)
             continue;
-        *write++ = character;
-        mTypedPlaces.append(place);
+        *kept++ = character;
+        *keptPlace++ = place;
     }
-    mTypedPlaces.append(length);
-    kept.truncate(static_cast<int>(write - kept.constData()));
-    Utility::stringConvert(kept, mText);
+    *keptPlace++ = length;
+    mText.erase(kept, mText.end());
+    mTypedPlaces.resize(static_cast<int>(keptPlace - mTypedPlaces.data()));
 }
 
 QString FormulaScan::typedText(Place first, Place last) const
@@ -47,9 +74,7 @@ QString FormulaScan::typedText(Place first, Place last) const
 
 FormulaScan::Text FormulaScan::keyword(const QString &word)
 {
-    Text converted;
-    Utility::stringConvert(word.toLower(), converted);
-    return converted;
+    return lowerCase(word);
 }
 
 } // namespace VorSystem

@@ -4,6 +4,7 @@
 
 #include "Preconditions.h"
 #include "VOREquations/EquationsUnit.h"
+#include "VOREquations/Evaluator.h"
 
 #include <VorFrames/BaseFrame.h>
 #include <VorFrames/ElementEquation.h>
@@ -42,8 +43,7 @@ QString TreeEquations::toString() const
 
 double TreeEquations::evaluate(short size)
 {
-    VOR_REQUIRE(root != nullptr);
-    return root->evaluate(size);
+    return Evaluator(size, BOOST_CURRENT_FUNCTION).valueOf(root, 1);
 }
 
 void TreeEquations::addReferencesInLists(QListEx<BaseFrame *> &pendingMeasures,

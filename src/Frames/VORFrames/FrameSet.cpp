@@ -302,7 +302,8 @@ BaseFrame *FrameSet::foundElementAccordingName(const QString &name, bool searchF
 
     const int colon = name.indexOf(QLatin1Char(':'));
     if (colon >= 0) {
-        const FrameCenter *const center = findFrameCenterAccordingName(name.left(colon));
+        const FrameCenter *const center =
+            firstNamed(mFrameCenters, NameMatcher(QStringView(name).left(colon)));
         return center == nullptr ? nullptr : center->foundFrameAccordingName(name.mid(colon + 1));
     }
 

@@ -20,7 +20,10 @@ constexpr uint kNoMore = 0xffffffff; // no code point
 class FoldedUnits
 {
 public:
-    explicit FoldedUnits(const QString &name) : mNext(name.utf16()), mEnd(mNext + name.size()) {}
+    explicit FoldedUnits(QStringView name)
+        : mNext(reinterpret_cast<const ushort *>(name.utf16())), mEnd(mNext + name.size())
+    {
+    }
 
     // The next folded unit; kNoMore at the end.
     uint next()
@@ -65,9 +68,9 @@ QString nameKey(const QString &name)
     return key;
 }
 
-NameMatcher::NameMatcher(const QString &name)
+NameMatcher::NameMatcher(QStringView name)
 {
-    mFolded.reserve(name.size());
+    mFolded.reserve(static_cast<int>(name.size()));
     FoldedUnits units(name);
     for (uint unit = units.next(); unit != kNoMore; unit = units.next())
         mFolded.append(unit);

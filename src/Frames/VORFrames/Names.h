@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 #include <QVarLengthArray>
 
 namespace VorSystem
@@ -17,7 +18,7 @@ QString nameKey(const QString &name);
 class NameMatcher
 {
 public:
-    explicit NameMatcher(const QString &name);
+    explicit NameMatcher(QStringView name);
     bool matches(const QString &other) const;
 
 private:
