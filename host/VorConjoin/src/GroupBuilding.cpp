@@ -233,7 +233,10 @@ bool CDbGroupObject::addGrainLine(const CDbPointVOR *anchor, const GeoPoint2D &d
     if (!holds(anchor) || !anchor->isAnchor() || !std::isfinite(norm) || norm == 0.0 || !(length > 0.0) ||
         !std::isfinite(length))
         return false;
-    mGrainLines.push_back({anchor, GeoPoint2D(direction.mX / norm, direction.mY / norm), length});
+    // A direction of length 1 stays bit for bit, so that a stored piece is read back as it was.
+    const bool isUnit = std::abs(norm - 1.0) <= 1e-15;
+    const GeoPoint2D along = isUnit ? direction : GeoPoint2D(direction.mX / norm, direction.mY / norm);
+    mGrainLines.push_back({anchor, along, length});
     return true;
 }
 

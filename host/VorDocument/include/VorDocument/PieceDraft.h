@@ -49,8 +49,9 @@ struct PieceDraft {
     std::vector<Line> innerLines;
     bool isMirrored = false; ///< about the line x = 0: all vectors are paired
 
-    /// Length that a curve may lose by its chords, per edge and size, cm. At most 128 chords are made.
-    double chordTolerance = 0.00025;
+    /// Length that a curve may lose by its chords, per edge and size, cm. At most 128 chords are made. The
+    /// default is finer than any length needs: it keeps the area of a leg's long curves to 1e-4 as well.
+    double chordTolerance = 0.00005;
     /// Places are rounded to multiples of this, and steps that agree within it count as equal; 0: not at all.
     double grid = 0.0;
 };

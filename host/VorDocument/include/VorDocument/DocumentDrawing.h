@@ -1,0 +1,31 @@
+// Drawings of documents: SVG at true size, in millimetres.
+#pragma once
+
+#include <VorDocument/VorDocumentExport.h>
+
+#include <QByteArray>
+
+namespace VorSystem
+{
+
+class PatternDocument;
+
+/// What is left out of a drawing.
+struct DrawingOptions {
+    bool withAllowances = true; ///< the cut line of the base size
+    bool withSkeletons = true;  ///< axes, frames and segments
+};
+
+/// The nest of every piece: a group of class "size" with a title for each size, the base size in bold; cut
+/// line, darts open, notches, inner lines and points, grain, fold, axes, names, scale bar and legend.
+///
+/// Moves no vector. A document without pieces gives an empty sheet.
+VORDOCUMENT_EXPORT QByteArray drawDocument(const PatternDocument &document,
+                                           const DrawingOptions &options = {});
+
+/// The pieces of two documents on top of each other, matched by name, in one size (counted from 1; 0: the
+/// nest): groups of the classes "before" and "after".
+VORDOCUMENT_EXPORT QByteArray drawOverlay(const PatternDocument &before, const PatternDocument &after,
+                                          short sizeNumber = 0);
+
+} // namespace VorSystem

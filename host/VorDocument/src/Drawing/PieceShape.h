@@ -1,0 +1,77 @@
+// The lines of a piece in one size, ready to be drawn.
+#pragma once
+
+#include "../CubicCurve.h"
+
+#include <VorGeo/GeoRectangle.h>
+
+#include <vector>
+
+namespace VorSystem
+{
+
+class CDbGroupObject;
+class CDbPointVOR;
+class GabaritObject;
+class GradationData;
+
+/// A line of cubic curves, each from the end of the one before.
+struct Strand {
+    std::vector<CubicCurve> curves;
+    bool isClosed = false;
+};
+
+/// A tick across the seam.
+struct NotchTick {
+    GeoPoint2D foot;
+    GeoPoint2D outwards; ///< of length 1
+};
+
+/// A piece as it stands in a size, read without moving anything. Centimetres, y upwards.
+class PieceShape
+{
+public:
+    PieceShape(const CDbGroupObject &piece, short sizeNumber, const GradationData *gradation);
+
+    GeoPoint2D placeOf(const CDbPointVOR *v) const;
+
+    /// The seam line without the mouths of darts.
+    std::vector<Strand> seamLines() const;
+    /// The whole contours, darts open: along the legs. For the face of the piece.
+    std::vector<Strand> faces() const;
+    std::vector<Strand> dartLegs() const;
+    /// The folded mouths: over the cap.
+    std::vector<Strand> dartCaps() const;
+    /// Lines and curves inside the piece that are no legs.
+    std::vector<Strand> innerCurves() const;
+    /// The stretch of a contour between two of its vectors.
+    Strand stretch(const GabaritObject *gabarit, const CDbPointVOR *from, const CDbPointVOR *to,
+                   bool forward) const;
+    /// Outside the seam by the width of each edge; none where no edge has a width.
+    std::vector<Strand> cutLines() const;
+    std::vector<NotchTick> notches() const;
+    /// Direction out of the piece at a vector of its contour, of length 1.
+    GeoPoint2D outwardsAt(const CDbPointVOR *v) const;
+
+    GeoRectangle extent() const;
+    /// Middle of the area of the first contour.
+    GeoPoint2D middle() const;
+
+private:
+    CubicCurve edge(const CDbPointVOR *from, const CDbPointVOR *to) const;
+    Strand leg(const std::vector<CDbPointVOR *> &vectors) const;
+    double turning(const GabaritObject *gabarit) const;
+
+    const CDbGroupObject &mPiece;
+    short mSize;
+    const GradationData *mGradation;
+    /// Edges that belong to curves, sorted by their ends.
+    struct CurvedEdge {
+        const CDbPointVOR *from;
+        const CDbPointVOR *to;
+        CubicCurve curve;
+    };
+    std::vector<CurvedEdge> mCurved;
+};
+
+} // namespace VorSystem

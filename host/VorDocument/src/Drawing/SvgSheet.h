@@ -1,0 +1,51 @@
+// A sheet of paper that SVG is drawn on: millimetres, y downwards, styles by class.
+#pragma once
+
+#include "PieceShape.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QXmlStreamWriter>
+
+namespace VorSystem
+{
+
+/// Where a piece lies on the paper: turns centimetres of the piece into millimetres of the sheet.
+struct SheetPlace {
+    double x = 0.0; ///< of the piece's origin on the sheet, mm
+    double y = 0.0;
+
+    GeoPoint2D on(const GeoPoint2D &place) const
+    {
+        return GeoPoint2D(x + 10.0 * place.mX, y - 10.0 * place.mY);
+    }
+};
+
+/// Writes one picture. Every begin has its end; the picture is complete after finish().
+class SvgSheet
+{
+public:
+    SvgSheet(double width, double height, const QString &title, const QByteArray &style);
+
+    void beginGroup(const QString &classes, const QString &title = QString());
+    void endGroup();
+    /// The text lies along the paper; size is the height of its letters' line in mm.
+    void text(const QString &classes, const GeoPoint2D &at, double size, const QString &words,
+              const char *anchor = "middle", double turn = 0.0);
+    void line(const QString &classes, const GeoPoint2D &from, const GeoPoint2D &to);
+    void circle(const QString &classes, const GeoPoint2D &middle, double radius);
+    void path(const QString &classes, const QString &data);
+    void strands(const QString &classes, const std::vector<Strand> &strands, const SheetPlace &place);
+    QByteArray finish();
+
+    static QString number(double value);
+    static QString pointText(const GeoPoint2D &point);
+
+private:
+    void attribute(const char *name, const QString &value);
+
+    QByteArray mBytes;
+    QXmlStreamWriter mXml;
+};
+
+} // namespace VorSystem
