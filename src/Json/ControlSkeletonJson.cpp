@@ -47,6 +47,7 @@ void ControlSkeleton::fromJson(const XJsonObject &object, GestFrames *manager)
         center->fromJson(object.value(QStringLiteral("center")).toObject(), manager);
     }
 
+    const bool haveAxis = mCenter != nullptr && mCenter->Get_Frame_Centre() != nullptr;
     const XJsonArray frames = object.value(QStringLiteral("frames")).toArray();
     for (const XJsonValue &item : frames) {
         auto *const frame = new ControlFrame(this);
@@ -56,7 +57,8 @@ void ControlSkeleton::fromJson(const XJsonObject &object, GestFrames *manager)
             delete frame;
             continue;
         }
-        frame->recoverRatingAttaches();
+        if (haveAxis) // without one there is no side for vector 1 to be on
+            frame->recoverRatingAttaches();
     }
 
     const XJsonArray segments = object.value(QStringLiteral("segments")).toArray();
