@@ -304,7 +304,8 @@ BaseFrame *FrameSet::foundElementAccordingName(const QString &name, bool searchF
     if (colon >= 0) {
         const FrameCenter *const center =
             firstNamed(mFrameCenters, NameMatcher(QStringView(name).left(colon)));
-        return center == nullptr ? nullptr : center->foundFrameAccordingName(name.mid(colon + 1));
+        return center == nullptr ? nullptr
+                                 : firstNamed(center->mFrames, NameMatcher(QStringView(name).mid(colon + 1)));
     }
 
     const NameMatcher wanted(name);

@@ -16,6 +16,11 @@ namespace
 
 constexpr uint kNoMore = 0xffffffff; // no code point
 
+uint foldedAscii(uint unit)
+{
+    return unit >= 'A' && unit <= 'Z' ? unit + ('a' - 'A') : unit;
+}
+
 // Walks the folded units of a name without its white space.
 class FoldedUnits
 {
@@ -35,7 +40,7 @@ public:
             const uint previous = mLast;
             mLast = unit;
             if (unit < 0x80)
-                return unit >= 'A' && unit <= 'Z' ? unit + ('a' - 'A') : unit;
+                return foldedAscii(unit);
             if (QChar::isLowSurrogate(unit) && QChar::isHighSurrogate(previous))
                 return QChar::toCaseFolded(
                     QChar::surrogateToUcs4(static_cast<ushort>(previous), static_cast<ushort>(unit)));
@@ -78,6 +83,11 @@ NameMatcher::NameMatcher(QStringView name)
 
 bool NameMatcher::matches(const QString &other) const
 {
+    // Names in a row mostly differ at their end: Waist 1, Waist 2.
+    const ushort last = other.isEmpty() ? ushort(' ') : other.at(other.size() - 1).unicode();
+    if (last < 0x80 && !QChar::isSpace(last) && (mFolded.isEmpty() || mFolded.last() != foldedAscii(last)))
+        return false;
+
     FoldedUnits units(other);
     for (const uint wanted : mFolded) {
         if (units.next() != wanted)
