@@ -40,9 +40,10 @@ class LargeSet::Bare : public Document
 public:
     const GradationData *gradationData() const override { return &gradation; }
     GestFrames *framesManager() const override { return manager; }
-    const t_Plan *plan() const override { return nullptr; }
+    const t_Plan *plan() const override { return &pieces; }
 
     GradationData gradation;
+    t_Plan pieces;
     GestFrames *manager = nullptr;
 };
 
@@ -63,8 +64,11 @@ LargeSet::LargeSet(const std::string &shape, int values) : mDocument(new Bare)
         makeFollowers(values);
     else if (shape == "links")
         makeLinks(values);
+    else if (shape == "pieces")
+        makePieces(values);
     else {
-        std::fprintf(stderr, "unknown shape %s: wide, chain, random, followers, links\n", shape.c_str());
+        std::fprintf(stderr, "unknown shape %s: wide, chain, random, followers, links, pieces\n",
+                     shape.c_str());
         std::exit(2);
     }
 }
@@ -168,6 +172,50 @@ void LargeSet::makeLinks(int values)
             link->linkFrame(addFrame());
         addFrame()->setFormulaMeasurement(sum(link, nullptr));
     }
+}
+
+void LargeSet::makePieces(int values)
+{
+    constexpr int perPiece = 12; // four frames with two values, four segments with one
+    for (int made = 0; made + perPiece <= values; made += perPiece) {
+        ControlSkeleton *const skeleton = addPiece(100.0 * made);
+        const GabaritObject *const outline = skeleton->getGabarit();
+        mCenter = new FrameCenter(QString::number(made));
+        mCenter->setCharacteristic(FrameCenter::Characteristic_TwoSides);
+        mSet->addCenter(mCenter, -1);
+        new ControlCenter(outline->gabaritGetContourVector(1), outline->gabaritGetContourVector(8), skeleton,
+                          mCenter, true);
+        for (short i = 0; i < 4; ++i) {
+            auto *const frame = new FrameFrame(QString::number(i));
+            frame->addFrameCenter(mCenter, -1);
+            mSet->addFrame(frame, -1);
+            const auto right = static_cast<short>(3 + i);
+            new ControlFrame(outline->gabaritGetContourVector(right),
+                             outline->gabaritGetContourVector(static_cast<short>(13 - i)), skeleton, frame);
+            if (i % 2 == 1)
+                frame->setFormulaMeasurement(sum(nullptr, nullptr));
+            new ControlSegment(outline->gabaritGetContourVector(right),
+                               outline->gabaritGetContourVector(static_cast<short>(right + 1)), skeleton,
+                               addSegment());
+        }
+    }
+}
+
+// 40 x 60 cm, fourteen vectors: the middle of the bottom is the first, the middle of the top the eighth, six
+// on either side.
+ControlSkeleton *LargeSet::addPiece(double x)
+{
+    auto *const group = new CDbGroupObject;
+    GabaritObject *const outline = group->newGabarit();
+    outline->addContourVector({x, 0.0});
+    for (int i = 0; i < 6; ++i)
+        outline->addContourVector({x + 20.0, 12.0 * i});
+    outline->addContourVector({x, 60.0});
+    for (int i = 5; i >= 0; --i)
+        outline->addContourVector({x - 20.0, 12.0 * i});
+    mDocument->pieces.addGroup(group);
+    mSkeletons.push_back(std::make_unique<ControlSkeleton>(group, outline));
+    return mSkeletons.back().get();
 }
 
 } // namespace shapes

@@ -5,11 +5,12 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace shapes
 {
 
-/// A document without pieces that holds one set.
+/// A document that holds one set; without pieces but for the shape of that name.
 class LargeSet
 {
 public:
@@ -19,6 +20,7 @@ public:
     ///   random     frames and segments whose formulas name one to three elements further back
     ///   followers  frames that follow the formula of one link
     ///   links      links of ten frames each, which a frame reads
+    ///   pieces     rectangles with four frames, every other with a formula, and four segments each
     /// Ends the program for another.
     LargeSet(const std::string &shape, int values);
     LargeSet(const LargeSet &) = delete;
@@ -39,12 +41,15 @@ private:
     void makeRandom(int values);
     void makeFollowers(int values);
     void makeLinks(int values);
+    void makePieces(int values);
+    VorSystem::ControlSkeleton *addPiece(double x);
 
     std::unique_ptr<Bare> mDocument;
     VorSystem::GestFrames mManager;
     VorSystem::FrameSet *mSet;
     VorSystem::FrameCenter *mCenter = nullptr;
     int mCount = 0;
+    std::vector<std::unique_ptr<VorSystem::ControlSkeleton>> mSkeletons;
 };
 
 /// The sum of the measures of two elements (the second may be null: then a constant).

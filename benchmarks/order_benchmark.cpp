@@ -173,6 +173,7 @@ BENCHMARK_CAPTURE(calculateOrder, chain, "chain")->Apply(sizes);
 BENCHMARK_CAPTURE(topologicalSortAsked, chain, "chain")->Apply(sizes);
 BENCHMARK_CAPTURE(calculateOrder, followers, "followers")->Apply(sizes);
 BENCHMARK_CAPTURE(calculateOrder, links, "links")->Apply(sizes);
+BENCHMARK_CAPTURE(calculateOrder, pieces, "pieces")->Apply(sizes);
 
 BENCHMARK_CAPTURE(reevaluateRounds, storeWide, "wide", Reevaluate_Store)->Apply(sizes);
 BENCHMARK_CAPTURE(bareReadingAndWriting, wide, "wide")->Apply(sizes);

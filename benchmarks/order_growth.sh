@@ -12,7 +12,7 @@ count() {
 }
 
 printf '%-10s %-8s %14s %14s %14s %9s\n' shape act 100 1000 10000 exponent
-for shape in wide chain random links followers; do
+for shape in wide chain random links followers pieces; do
     base=''
     for values in 100 1000 10000; do base="$base $(count "$shape" "$values" nothing)"; done
     for act in order store ask under destroy; do

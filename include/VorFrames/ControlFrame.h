@@ -8,6 +8,7 @@ namespace VorSystem
 {
 
 class CDbGroupObject;
+class ControlLookup;
 class FrameCenter;
 class FrameFrame;
 class FrameLink;
@@ -83,6 +84,7 @@ public:
     void fromJson(const XJsonObject &object, GestFrames *manager);
 
 private:
+    friend class ElementReading;
     friend class FrameLink;
 
     /// The two vectors of the center.
@@ -112,7 +114,10 @@ private:
     Axis axis() const;
     double measureAsItStands() const;
     double levelAsItStands(const ControlFrame *origin) const;
-    const ControlFrame *originIfAny() const;
+    /// Levels with the origin found in controls, or where that is null from a walk over the document.
+    double level(short size, ControlLookup *controls);
+    QListEx<double> levels(const GradationData *gradation, ControlLookup *controls);
+    const ControlFrame *originIfAny(ControlLookup *controls) const;
     const GradationData *ownGradation() const;
     Shares sharesOf(double rest, const CDbPointVOR *crossing) const;
     bool moveSide(double distance, short side);
@@ -126,7 +131,7 @@ private:
     eMsgConvergence moveEachSize(const Change &change, bool &moved);
     void rebuildAndReadBack(bool everySize, const GradationData *gradation);
     void notifyManager();
-    ControlFrame *getFrameLevelZero() const;
+    ControlFrame *getFrameLevelZero(ControlLookup *controls = nullptr) const;
 
     FrameFrame *mFrameFrame = nullptr; ///< not owned
     bool mAgreesLink = true;           ///< the frame follows its link

@@ -18,6 +18,7 @@ public:
     bool isDefined(BaseFrame *element);
     /// As element->objectControlCorresponding().
     ControlBase *controlOf(BaseFrame *element) { return mControls.of(element); }
+    ControlLookup &controls() { return mControls; }
     /// The library's own answer for a link, and for a spec or chart, of whatever class it is.
     bool linkIsDefined(const FrameLink &link);
     bool computedIsDefined(BaseFrame *element);

@@ -218,7 +218,7 @@ bool ElementReading::objectValue(BaseFrame &element, eEvaluationType type, doubl
     }
     ControlBase *const control = mKnown->controlOf(&element);
     if (auto *frame = dynamic_cast<ControlFrame *>(control)) {
-        value = type == Evaluation_Measure ? frame->getMeasures(-1) : frame->getLevel(-1);
+        value = type == Evaluation_Measure ? frame->getMeasures(-1) : frame->level(-1, &mKnown->controls());
         return true;
     }
     if (auto *segment = dynamic_cast<ControlSegment *>(control); segment && type == Evaluation_Measure) {
@@ -237,7 +237,8 @@ bool ElementReading::objectValues(BaseFrame &element, eEvaluationType type, cons
     }
     ControlBase *const control = mKnown->controlOf(&element);
     if (auto *frame = dynamic_cast<ControlFrame *>(control)) {
-        values = type == Evaluation_Measure ? frame->getMeasures(gradation) : frame->getLevels(gradation);
+        values = type == Evaluation_Measure ? frame->getMeasures(gradation)
+                                            : frame->levels(gradation, &mKnown->controls());
         return true;
     }
     if (auto *segment = dynamic_cast<ControlSegment *>(control); segment && type == Evaluation_Measure) {

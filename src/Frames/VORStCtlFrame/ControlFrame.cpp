@@ -3,6 +3,7 @@
 #include <VorFrames/ControlFrame.h>
 
 #include "Preconditions.h"
+#include "VORFrames/ControlIndex.h"
 
 #include <VorConjoin/CDbGroupObject.h>
 #include <VorConjoin/CDbPointVOR.h>
@@ -228,11 +229,11 @@ void ControlFrame::adjustsANewFrameSet(FrameSet *set)
     mFrameFrame = frame;
 }
 
-ControlFrame *ControlFrame::getFrameLevelZero() const
+ControlFrame *ControlFrame::getFrameLevelZero(ControlLookup *controls) const
 {
     FrameFrame *origin = frameCenter()->getFrameLevelZero();
     VOR_REQUIRE(origin);
-    ControlBase *control = origin->objectControlCorresponding();
+    ControlBase *control = controls ? controls->of(origin) : origin->objectControlCorresponding();
     if (!control)
         return nullptr;
     auto *frame = dynamic_cast<ControlFrame *>(control);

@@ -41,12 +41,17 @@ QListEx<double> ControlFrame::getMeasures(const GradationData *gradation)
 
 double ControlFrame::getLevel(short size)
 {
+    return level(size, nullptr);
+}
+
+double ControlFrame::level(short size, ControlLookup *controls)
+{
     VOR_REQUIRE(group());
     std::optional<ReadingOfGroup> reading;
     if (size >= 0)
         reading.emplace(VectorsOfGroup(group()), ownGradation(), sizeNumber(size));
 
-    const ControlFrame *origin = originIfAny();
+    const ControlFrame *origin = originIfAny(controls);
     if (!origin) {
         // Deliberate: without an origin the vectors stay in the size.
         if (reading)
@@ -58,8 +63,13 @@ double ControlFrame::getLevel(short size)
 
 QListEx<double> ControlFrame::getLevels(const GradationData *gradation)
 {
+    return levels(gradation, nullptr);
+}
+
+QListEx<double> ControlFrame::levels(const GradationData *gradation, ControlLookup *controls)
+{
     VOR_REQUIRE(group());
-    const ControlFrame *origin = originIfAny();
+    const ControlFrame *origin = originIfAny(controls);
     return readEverySize(VectorsOfGroup(group()), gradation,
                          [=] { return origin ? levelAsItStands(origin) : 0.0; });
 }
@@ -98,9 +108,9 @@ double ControlFrame::levelAsItStands(const ControlFrame *origin) const
     return mSkeleton->getGabarit()->measureBetween(group(), originCrossing.get(), crossing.get(), false);
 }
 
-const ControlFrame *ControlFrame::originIfAny() const
+const ControlFrame *ControlFrame::originIfAny(ControlLookup *controls) const
 {
-    return frameCenter()->getFrameLevelZero() ? getFrameLevelZero() : nullptr;
+    return frameCenter()->getFrameLevelZero() ? getFrameLevelZero(controls) : nullptr;
 }
 
 const GradationData *ControlFrame::ownGradation() const
