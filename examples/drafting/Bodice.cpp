@@ -104,6 +104,10 @@ Sheet bodiceBack(const Measures &m)
     sheet.curve(beside(b.neck, b.shoulder, b.neck, 1.2), Point(b.neck.mX * 0.5, b.nape.mY), b.nape);
     sheet.notch(b.pitch);
     sheet.innerLine(Point(0.0, b.frame.bustLine), b.underarm);
+    sheet.axis(QStringLiteral("Back"), Point(0.0, 0.0), b.nape)
+        .halfWidth(QStringLiteral("Waist"), b.waistSide);
+    sheet.halfWidth(QStringLiteral("Bust"), b.underarm).halfWidth(QStringLiteral("Back width"), b.pitch);
+    sheet.length(QStringLiteral("Back side seam"), b.waistSide, b.underarm);
     return sheet.grain(Point(4.0, 6.0), Point(4.0, 32.0));
 }
 
@@ -132,6 +136,10 @@ Sheet bodiceFront(const Measures &m)
     sheet.curve(Point(f.neck.mX - 0.5, f.neck.mY - 0.55 * depth), Point(0.55 * f.neck.mX, f.neckCenter.mY),
                 f.neckCenter);
     sheet.notch(f.pitch).drillHole(f.bust).fold(hemCenter, f.neckCenter);
+    sheet.axis(QStringLiteral("Front"), hemCenter, f.neckCenter)
+        .halfWidth(QStringLiteral("Waist"), f.waistSide);
+    sheet.halfWidth(QStringLiteral("Bust"), f.underarm).halfWidth(QStringLiteral("Chest width"), f.pitch);
+    sheet.length(QStringLiteral("Front side seam"), f.waistSide, f.underarm);
     return sheet.grain(Point(4.0, 6.0), Point(4.0, 30.0));
 }
 

@@ -116,6 +116,30 @@ Sheet &Sheet::mirrored()
     return *this;
 }
 
+Sheet &Sheet::axis(const QString &name, const Point &a, const Point &b)
+{
+    mControls.push_back({Control::Axis, name, a, b});
+    return *this;
+}
+
+Sheet &Sheet::width(const QString &name, const Point &a, const Point &b)
+{
+    mControls.push_back({Control::Width, name, a, b});
+    return *this;
+}
+
+Sheet &Sheet::halfWidth(const QString &name, const Point &a)
+{
+    mControls.push_back({Control::HalfWidth, name, a, a});
+    return *this;
+}
+
+Sheet &Sheet::length(const QString &name, const Point &a, const Point &b)
+{
+    mControls.push_back({Control::Length, name, a, b});
+    return *this;
+}
+
 PieceDraft nested(const std::vector<Sheet> &sizes)
 {
     PieceDraft nest = sizes.front().draft();

@@ -15,6 +15,16 @@ Point towards(const Point &from, const Point &to, double distance);
 Point beside(const Point &p, const Point &a, const Point &b, double distance);
 double lengthOfCurve(const Point &a, const Point &control1, const Point &control2, const Point &b);
 
+/// What shall control a piece; the points are vectors of its contour.
+struct Control {
+    enum eKind { Axis, Width, HalfWidth, Length };
+
+    eKind kind;
+    QString name;
+    Point a;
+    Point b;
+};
+
 /// Draws counterclockwise; every piece is closed at the point where it began.
 class Sheet
 {
@@ -38,10 +48,19 @@ public:
     Sheet &innerLine(const Point &a, const Point &b);
     Sheet &mirrored();
 
+    /// The axis, the widths across it and the lengths along the seam that the piece is controlled by. A width
+    /// with one point ends at the axis; the first width is the origin of levels.
+    Sheet &axis(const QString &name, const Point &a, const Point &b);
+    Sheet &width(const QString &name, const Point &a, const Point &b);
+    Sheet &halfWidth(const QString &name, const Point &a);
+    Sheet &length(const QString &name, const Point &a, const Point &b);
+
     const VorSystem::PieceDraft &draft() const { return mDraft; }
+    const std::vector<Control> &controls() const { return mControls; }
 
 private:
     VorSystem::PieceDraft mDraft;
+    std::vector<Control> mControls;
     double mAllowance = 0.0;
 };
 

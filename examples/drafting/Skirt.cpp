@@ -54,6 +54,9 @@ Sheet skirtFront(const Measures &m)
     sheet.allowance(4.0).curve(image(hem1), image(hem2), hemCenter);
     sheet.notch(hip).notch(image(hip)).notch(waistCenter).notch(hemCenter);
     sheet.innerLine(image(hip), hip);
+    sheet.axis(QStringLiteral("Front"), hemCenter, waistCenter).width(QStringLiteral("Hip"), image(hip), hip);
+    sheet.width(QStringLiteral("Waist"), image(waistSide), waistSide)
+        .width(QStringLiteral("Hem"), image(hem), hem);
     return sheet.grain(Point(-5.0, 8.0), Point(-5.0, 44.0)).mirrored();
 }
 

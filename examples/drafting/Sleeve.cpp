@@ -69,19 +69,24 @@ Sheet sleeve(const Measures &m)
     const double halfHem = m.bust / 20.0 + 7.2;
     const Point backHem(-halfHem, hem);
     const Point frontHem(halfHem, hem);
+    const Point hemMiddle(cap.top().mX, hem);
     const Point backElbow = between(cap.backEnd(), backHem, 0.45);
     const Point frontElbow = between(cap.frontEnd(), frontHem, 0.45);
 
     Sheet sheet(QStringLiteral("Sleeve"));
     sheet.from(cap.backEnd()).allowance(1.5).line(backElbow).line(backHem);
-    sheet.allowance(4.0).line(frontHem).allowance(1.5).line(frontElbow).line(cap.frontEnd());
+    sheet.allowance(4.0).line(hemMiddle).line(frontHem).allowance(1.5).line(frontElbow).line(cap.frontEnd());
     sheet.allowance(1.0).curve(cap.frontControl1(), cap.frontControl2(), cap.front());
     sheet.curve(cap.frontControl3(), cap.frontControl4(), cap.top());
     sheet.curve(cap.backControl1(), cap.backControl2(), cap.back());
     sheet.curve(cap.backControl3(), cap.backControl4(), cap.backEnd());
     sheet.notch(cap.front()).notch(cap.top()).notch(cap.back()).notch(backElbow).notch(frontElbow);
     sheet.innerLine(cap.backEnd(), cap.frontEnd()).innerLine(backElbow, frontElbow);
-    return sheet.grain(Point(0.0, hem + 5.0), Point(0.0, cap.height - 5.0));
+    sheet.axis(QStringLiteral("Sleeve"), hemMiddle, cap.top())
+        .width(QStringLiteral("Hem"), backHem, frontHem);
+    sheet.width(QStringLiteral("Elbow"), backElbow, frontElbow);
+    sheet.width(QStringLiteral("Biceps"), cap.backEnd(), cap.frontEnd());
+    return sheet.grain(Point(5.0, hem + 5.0), Point(5.0, cap.height - 8.0));
 }
 
 double sleeveCapLength(const Measures &m)

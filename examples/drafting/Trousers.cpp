@@ -51,6 +51,8 @@ Sheet drawn(const QString &name, const Leg &leg, const Levels &levels)
     sheet.line(leg.waistCenter);
     sheet.notch(kneeIn).notch(kneeOut).notch(leg.hipSide);
     sheet.innerLine(kneeIn, kneeOut).innerLine(leg.hipCenter, leg.hipSide);
+    sheet.length(name + QStringLiteral(", inside leg"), hemIn, leg.fork);
+    sheet.length(name + QStringLiteral(", side seam"), hemOut, leg.hipSide);
     return sheet.grain(Point(crease, 8.0), Point(crease, levels.waist - 14.0));
 }
 

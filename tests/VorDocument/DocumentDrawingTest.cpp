@@ -129,6 +129,20 @@ TEST_F(DocumentDrawingTest, anOverlayMatchesPiecesByName)
     EXPECT_EQ(seen.texts.at("Drawn <&>, size 46"), 2);
 }
 
+TEST_F(DocumentDrawingTest, passesOverControlObjectsThatHaveNoPlace)
+{
+    CDbGroupObject *bare = document.copyPiece(document.pieces()[0], text("Bare"));
+    ControlSkeleton *skeleton = document.newSkeleton(bare->firstGabarit());
+    new ControlFrame(bare->firstGabarit()->mFirstVector, nullptr, skeleton, nullptr, true); // and no axis
+    new ControlFrame(skeleton);
+    new ControlSegment(skeleton);
+    const Seen seen(drawDocument(document));
+
+    EXPECT_EQ(seen.count("g.skeleton"), 2);
+    EXPECT_EQ(seen.count("g.frame"), 1);
+    EXPECT_EQ(seen.count("g.segment"), 1);
+}
+
 TEST(DocumentDrawing, takesWhateverADocumentMayHold)
 {
     PatternDocument document;

@@ -50,6 +50,7 @@ const char kStyle[] = R"(
  text.name, text.small { paint-order: stroke; stroke: #ffffff; stroke-opacity: 0.8; stroke-width: 1.6px }
  text.heading { font-weight: bold; letter-spacing: 0.5px }
  text.small { fill: #444444 }
+ .skeleton text { paint-order: stroke; stroke: #ffffff; stroke-opacity: 0.8; stroke-width: 1.4px }
  .axis path { stroke: #00796b; stroke-width: 0.7; stroke-dasharray: 10 2 2 2 }
  .frame path { stroke: #00796b; stroke-width: 0.8 }
  .segment path { stroke: #b8860b; stroke-width: 2.6; stroke-opacity: 0.45 }
@@ -345,6 +346,8 @@ private:
             along(CubicCurve::straight(from, GeoPoint2D(from.mX + grain.length * grain.direction.mX,
                                                         from.mY + grain.length * grain.direction.mY)));
         }
+        for (const CubicCurve &line : skeletonLines(mPiece))
+            along(line);
         for (const DrillHole &hole : mPiece.drillHoles())
             points.push_back(base().placeOf(hole.place));
         return points;

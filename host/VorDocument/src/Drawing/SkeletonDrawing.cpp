@@ -19,9 +19,10 @@ namespace
 
 constexpr double kLetters = 5.0; // mm
 
-GeoPoint2D halfway(const GeoPoint2D &a, const GeoPoint2D &b)
+// A quarter of the way: halfway, chords cross the axis.
+GeoPoint2D placeForName(const GeoPoint2D &a, const GeoPoint2D &b)
 {
-    return GeoPoint2D(0.5 * (a.mX + b.mX), 0.5 * (a.mY + b.mY));
+    return GeoPoint2D(0.75 * a.mX + 0.25 * b.mX, 0.75 * a.mY + 0.25 * b.mY);
 }
 
 QString nameOf(const BaseFrame *element)
@@ -29,9 +30,20 @@ QString nameOf(const BaseFrame *element)
     return element ? element->name() : QString();
 }
 
+bool hasEnds(const ControlBase *control)
+{
+    return control && control->getVectorContour1() && control->getVectorContour2();
+}
+
+// A frame with one vector ends at the axis, and cannot be drawn without.
+bool hasChord(const ControlFrame &frame)
+{
+    return hasEnds(&frame) || (frame.getVectorContour1() && hasEnds(frame.getSkeleton()->getFrameCenter()));
+}
+
 void drawCenter(SvgSheet &sheet, const SheetPlace &place, const ControlCenter &center)
 {
-    if (!center.getVectorContour1() || !center.getVectorContour2())
+    if (!hasEnds(&center))
         return;
     const auto ends = center.calculatePositionEnd();
     const GeoPoint2D from = place.on(ends.first);
@@ -46,16 +58,15 @@ void drawCenter(SvgSheet &sheet, const SheetPlace &place, const ControlCenter &c
 
 void drawFrame(SvgSheet &sheet, const SheetPlace &place, const ControlFrame &frame)
 {
-    const CDbPointVOR *first = frame.getVectorContour1();
-    if (!first)
+    if (!hasChord(frame))
         return;
-    const GeoPoint2D from = place.on(*first);
+    const GeoPoint2D from = place.on(*frame.getVectorContour1());
     const GeoPoint2D to = place.on(frame.calculateExtremity());
     const QString name = nameOf(frame.getFrameFrame());
     sheet.beginGroup(QStringLiteral("frame"), name);
     sheet.line(QStringLiteral("frame"), from, to);
-    const GeoPoint2D middle = halfway(from, to);
-    sheet.text(QStringLiteral("label"), GeoPoint2D(middle.mX, middle.mY - 2.5), kLetters, name);
+    const GeoPoint2D at = placeForName(from, to);
+    sheet.text(QStringLiteral("label"), GeoPoint2D(at.mX, at.mY - 2.5), kLetters, name);
     sheet.endGroup();
 }
 
@@ -64,19 +75,22 @@ void drawSegment(SvgSheet &sheet, const SheetPlace &place, const PieceShape &sha
 {
     const CDbPointVOR *first = segment.getVectorContour1();
     const CDbPointVOR *second = segment.getVectorContour2();
-    if (!first || !second)
+    if (!hasEnds(&segment))
         return;
     const QString name = nameOf(segment.getFrameSegment());
     sheet.beginGroup(QStringLiteral("segment"), name);
     const bool isOnContour = gabarit->isVectorContour(first) && gabarit->isVectorContour(second);
-    if (isOnContour) {
-        sheet.strands(QStringLiteral("segment"),
-                      {shape.stretch(gabarit, first, second, segment.getContourDirection1To2())}, place);
-    } else {
-        sheet.line(QStringLiteral("segment"), place.on(*first), place.on(*second));
+    Strand way = {{CubicCurve::straight(*first, *second)}, false};
+    if (isOnContour)
+        way = shape.stretch(gabarit, first, second, segment.getContourDirection1To2());
+    sheet.strands(QStringLiteral("segment"), {way}, place);
+    if (!way.curves.empty()) {
+        // Beside the middle of the stretch, towards the inside.
+        const GeoPoint2D at = place.on(way.curves[way.curves.size() / 2].at(0.4));
+        const bool isRight = at.mX > place.on(shape.middle()).mX;
+        sheet.text(QStringLiteral("label"), GeoPoint2D(at.mX + (isRight ? -4.0 : 4.0), at.mY), kLetters, name,
+                   isRight ? "end" : "start");
     }
-    const GeoPoint2D middle = halfway(place.on(*first), place.on(*second));
-    sheet.text(QStringLiteral("label"), GeoPoint2D(middle.mX - 3.0, middle.mY), kLetters, name, "end");
     sheet.endGroup();
 }
 
@@ -100,6 +114,26 @@ void drawSkeletons(SvgSheet &sheet, const SheetPlace &place, const CDbGroupObjec
             drawCenter(sheet, place, *center);
         sheet.endGroup();
     }
+}
+
+std::vector<CubicCurve> skeletonLines(const CDbGroupObject &piece)
+{
+    std::vector<CubicCurve> lines;
+    for (GabaritObject *gabarit = piece.firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit) {
+        const ControlSkeleton *skeleton = gabarit->controlSkeleton();
+        if (!skeleton)
+            continue;
+        const ControlCenter *center = skeleton->getFrameCenter();
+        if (hasEnds(center))
+            lines.push_back(CubicCurve::straight(*center->getVectorContour1(), *center->getVectorContour2()));
+        const QListEx<ControlFrame *> frames = skeleton->getFrameLists();
+        for (const ControlFrame *frame : frames) {
+            if (hasChord(*frame))
+                lines.push_back(
+                    CubicCurve::straight(*frame->getVectorContour1(), frame->calculateExtremity()));
+        }
+    }
+    return lines;
 }
 
 } // namespace VorSystem

@@ -10,4 +10,7 @@ namespace VorSystem
 void drawSkeletons(SvgSheet &sheet, const SheetPlace &place, const CDbGroupObject &piece,
                    const PieceShape &shape);
 
+/// Axes and frames as straight lines, for what must keep off them.
+std::vector<CubicCurve> skeletonLines(const CDbGroupObject &piece);
+
 } // namespace VorSystem
