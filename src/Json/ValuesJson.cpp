@@ -21,6 +21,17 @@ XJsonArray numbersToJson(const QListEx<double> &numbers)
     return array;
 }
 
+// In the order of the keys, which spares the object from moving members.
+XJsonObject valuesToJson(const ValuesAccordingSizes &measures, const ValuesAccordingSizes *levels)
+{
+    XJsonObject object;
+    object.insert(QStringLiteral("index_medium"), int(measures.mNestIndex));
+    if (levels != nullptr)
+        object.insert(QStringLiteral("levels"), numbersToJson(levels->mValues));
+    object.insert(QStringLiteral("measures"), numbersToJson(measures.mValues));
+    return object;
+}
+
 // A cast would turn a position that is far too large into one that looks sound.
 short nestFromJson(const XJsonValue &value)
 {
@@ -42,17 +53,12 @@ void appendValues(const XJsonArray &numbers, short nest, ValuesAccordingSizes &v
 
 XJsonObject valuesToJson(const ValuesAccordingSizes &measures)
 {
-    XJsonObject object;
-    object.insert(QStringLiteral("index_medium"), int(measures.mNestIndex));
-    object.insert(QStringLiteral("measures"), numbersToJson(measures.mValues));
-    return object;
+    return valuesToJson(measures, nullptr);
 }
 
 XJsonObject valuesToJson(const ValuesAccordingSizes &measures, const ValuesAccordingSizes &levels)
 {
-    XJsonObject object = valuesToJson(measures);
-    object.insert(QStringLiteral("levels"), numbersToJson(levels.mValues));
-    return object;
+    return valuesToJson(measures, &levels);
 }
 
 void valuesFromJson(const XJsonObject &object, ValuesAccordingSizes &measures)
