@@ -345,7 +345,7 @@ void evaluateSizesWithExpressionParser(benchmark::State &state)
     }
 }
 
-BENCHMARK(readFormula)->Arg(1)->Arg(8)->Arg(200);
+BENCHMARK(readFormula)->Arg(1)->Arg(8)->Arg(200)->Arg(2000)->Arg(8000);
 BENCHMARK(readBare)->Arg(1)->Arg(8)->Arg(200);
 BENCHMARK(readWithExpressionParser)->Arg(1)->Arg(8)->Arg(200);
 BENCHMARK(evaluate)->Arg(1)->Arg(8)->Arg(200);
