@@ -45,7 +45,11 @@ void tie(PatternDocument &document, FrameSet *set, GabaritObject *gabarit,
             break;
         case Control::Width:
         case Control::HalfWidth: new ControlFrame(a, b, skeleton, set->newFrame(control.name, center)); break;
-        case Control::Length: new ControlSegment(a, b, skeleton, set->newSegment(control.name)); break;
+        case Control::Length: {
+            auto *length = new ControlSegment(a, b, skeleton, set->newSegment(control.name));
+            length->getFrameSegment()->getDisplace() = length->defectMovesAlong();
+            break;
+        }
         }
     }
 }

@@ -25,7 +25,6 @@ namespace
 constexpr double kNotchLength = 5.0;   // mm
 constexpr double kSizeLabel = 4.0;     // mm high at most; less where sizes lie close
 constexpr double kRoomForLabels = 2.4; // mm between neighbouring sizes
-constexpr double kNameLetters = 11.0;  // mm
 
 // Smaller than the nest in cold colours, larger in warm ones; dashes tell them apart on a black and white
 // print.
@@ -327,71 +326,27 @@ private:
     std::vector<GeoPoint2D> obstacles() const
     {
         std::vector<GeoPoint2D> points;
-        const auto along = [&](const CubicCurve &curve) {
-            const int steps = static_cast<int>(std::min(curve.a.distance(curve.d), 1000.0)) + 1;
-            for (int step = 0; step <= steps; ++step)
-                points.push_back(curve.at(static_cast<double>(step) / steps));
-        };
-        for (const short size : {short{1}, nestOf(mDocument), sizeCountOf(mDocument)}) {
-            const PieceShape &drawn = shape(size);
-            for (const auto &strands : {drawn.seamLines(), drawn.dartLegs(), drawn.innerCurves()}) {
-                for (const Strand &strand : strands)
-                    std::for_each(strand.curves.begin(), strand.curves.end(), along);
-            }
-        }
+        for (const short size : {short{1}, nestOf(mDocument), sizeCountOf(mDocument)})
+            shape(size).appendTrail(points);
         for (const InnerLine &line : mPiece.innerLines())
-            along(CubicCurve::straight(base().placeOf(line.from), base().placeOf(line.to)));
+            appendPoints(CubicCurve::straight(base().placeOf(line.from), base().placeOf(line.to)), points);
         for (const GrainLine &grain : mPiece.grainLines()) {
             const GeoPoint2D from = base().placeOf(grain.anchor);
-            along(CubicCurve::straight(from, GeoPoint2D(from.mX + grain.length * grain.direction.mX,
-                                                        from.mY + grain.length * grain.direction.mY)));
+            const GeoPoint2D to(from.mX + grain.length * grain.direction.mX,
+                                from.mY + grain.length * grain.direction.mY);
+            appendPoints(CubicCurve::straight(from, to), points);
         }
         for (const CubicCurve &line : skeletonLines(mPiece))
-            along(line);
+            appendPoints(line, points);
         for (const DrillHole &hole : mPiece.drillHoles())
             points.push_back(base().placeOf(hole.place));
         return points;
     }
 
-    // Where a text of this half width and height, cm, keeps furthest off everything.
-    GeoPoint2D clearing(double halfWidth, double halfHeight) const
-    {
-        const std::vector<GeoPoint2D> points = obstacles();
-        const GeoRectangle extent = base().extent();
-        const GabaritObject *gabarit = mPiece.firstGabarit();
-        GeoPoint2D best = base().middle();
-        double widest = 0.0;
-        constexpr int kSamples = 32;
-        for (int sample = 0; gabarit && !extent.isEmpty() && sample < kSamples * kSamples; ++sample) {
-            const double right = (sample % kSamples + 0.5) / kSamples;
-            const double up =
-                (sample / kSamples + 0.5) / kSamples; // NOLINT(bugprone-integer-division): a row
-            const GeoPoint2D tried(extent.left() + right * (extent.right() - extent.left()),
-                                   extent.bottom() + up * (extent.top() - extent.bottom()));
-            bool onBorder = false;
-            if (!gabarit->isInPolygon(tried, &onBorder))
-                continue;
-            double room = 1e9;
-            for (const GeoPoint2D &point : points) {
-                room = std::min(room, std::max(std::abs(point.mX - tried.mX) / halfWidth,
-                                               std::abs(point.mY - tried.mY) / halfHeight));
-                if (room <= widest)
-                    break;
-            }
-            if (room > widest) {
-                widest = room;
-                best = tried;
-            }
-        }
-        return best;
-    }
-
     void drawName(SvgSheet &sheet, const SheetPlace &place) const
     {
-        const double letters = kNameLetters;
-        const GeoPoint2D at =
-            place.on(clearing(0.036 * letters * std::max(mPiece.name().size(), 10), 0.16 * letters));
-        sheet.text(QStringLiteral("name"), at, letters, mPiece.name());
+        const double letters = SvgSheet::kNameLetters;
+        const GeoPoint2D at = sheet.name(mPiece.name(), base(), obstacles(), place);
         const short sizes = sizeCountOf(mDocument);
         if (sizes > 1) {
             sheet.text(QStringLiteral("small"), GeoPoint2D(at.mX, at.mY + letters), 6.0,

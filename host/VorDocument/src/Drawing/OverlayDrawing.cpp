@@ -22,6 +22,7 @@ const char kStyle[] = R"(
  .after path { stroke: #c0392b; stroke-width: 1.1 }
  .after path.face { fill: #fdf1ee; stroke: none }
  text.name, text.heading { font-weight: bold }
+ text.name { paint-order: stroke; stroke: #ffffff; stroke-opacity: 0.8; stroke-width: 1.6px }
  text.small { fill: #444444 }
 )";
 
@@ -106,8 +107,12 @@ QByteArray drawOverlay(const PatternDocument &before, const PatternDocument &aft
             drawShape(sheet, QStringLiteral("after"), layout.places[i], shapeAfter(*change.after));
         if (change.before)
             drawShape(sheet, QStringLiteral("before"), layout.places[i], shapeBefore(*change.before));
+        std::vector<GeoPoint2D> obstacles;
         const PieceShape shape = change.after ? shapeAfter(named) : shapeBefore(named);
-        sheet.text(QStringLiteral("name"), layout.places[i].on(shape.middle()), 11.0, named.name());
+        shape.appendTrail(obstacles);
+        if (change.before)
+            shapeBefore(*change.before).appendTrail(obstacles);
+        sheet.name(named.name(), shape, obstacles, layout.places[i]);
         sheet.endGroup();
     }
     const double foot = layout.height - SheetLayout::kMargin;

@@ -21,6 +21,9 @@ struct Strand {
     bool isClosed = false;
 };
 
+/// Points along a curve, a centimetre apart or closer.
+void appendPoints(const CubicCurve &curve, std::vector<GeoPoint2D> &points);
+
 /// A tick across the seam.
 struct NotchTick {
     GeoPoint2D foot;
@@ -52,6 +55,11 @@ public:
     std::vector<NotchTick> notches() const;
     /// Direction out of the piece at a vector of its contour, of length 1.
     GeoPoint2D outwardsAt(const CDbPointVOR *v) const;
+
+    /// Points along seam, darts and inner lines, a centimetre apart or closer.
+    void appendTrail(std::vector<GeoPoint2D> &points) const;
+    /// Where in the first contour something of this half width and height, cm, keeps furthest off the points.
+    GeoPoint2D clearing(const std::vector<GeoPoint2D> &points, double halfWidth, double halfHeight) const;
 
     GeoRectangle extent() const;
     /// Middle of the area of the first contour.

@@ -1,5 +1,6 @@
 #include "SvgSheet.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace VorSystem
@@ -120,6 +121,17 @@ void SvgSheet::strands(const QString &classes, const std::vector<Strand> &strand
     }
     if (!data.isEmpty())
         path(classes, data);
+}
+
+GeoPoint2D SvgSheet::name(const QString &name, const PieceShape &shape,
+                          const std::vector<GeoPoint2D> &obstacles, const SheetPlace &place)
+{
+    // Bold letters are about 0.7 as wide as high; a line or two of small ones stand below.
+    const double halfWidth = 0.036 * kNameLetters * std::max(name.size(), 10);
+    const double halfHeight = 0.16 * kNameLetters;
+    const GeoPoint2D at = place.on(shape.clearing(obstacles, halfWidth, halfHeight));
+    text(QStringLiteral("name"), at, kNameLetters, name);
+    return at;
 }
 
 QByteArray SvgSheet::finish()

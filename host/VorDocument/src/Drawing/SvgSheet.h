@@ -36,7 +36,12 @@ public:
     void circle(const QString &classes, const GeoPoint2D &middle, double radius);
     void path(const QString &classes, const QString &data);
     void strands(const QString &classes, const std::vector<Strand> &strands, const SheetPlace &place);
+    /// Writes the name of a piece where it keeps off the points given; the middle of its foot on the sheet.
+    GeoPoint2D name(const QString &name, const PieceShape &shape, const std::vector<GeoPoint2D> &obstacles,
+                    const SheetPlace &place);
     QByteArray finish();
+
+    static constexpr double kNameLetters = 11.0; ///< mm
 
     static QString number(double value);
     static QString pointText(const GeoPoint2D &point);
