@@ -62,6 +62,7 @@ public:
     /// Forces the tree to a unit.
     void setImplicitUnit(eImplicitUnite unit);
 
+    /// The node and all below it; references by full name, units left out.
     XJsonObject toJson() const;
     /// Reads the node and all below it; set resolves the names. Raises AssertionError for a name that set
     /// lacks and for a tree past the documented depth.

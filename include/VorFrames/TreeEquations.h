@@ -63,8 +63,10 @@ public:
     /// AssertionError for an unresolved reference.
     bool fullyDefinedFormula();
 
+    /// The root under the key "root". Raises AssertionError without a root.
     XJsonObject toJson() const;
-    /// Fills the root, which must be there, and settles the units.
+    /// Fills the root, which must be there, and settles the units: constants are taken to be in the
+    /// application's unit, as those that a user typed. The manager's reader works in centimetres.
     void fromJson(const XJsonObject &object, FrameSet *set);
 
     ElementEquation *root = nullptr;

@@ -85,12 +85,8 @@ double ElementEquation::evaluate(short size)
 bool ElementEquation::setAdapter(FrameSet *set)
 {
     ElementNames names(set);
-    return rebind(*this, names, BOOST_CURRENT_FUNCTION);
-}
-
-bool rebind(ElementEquation &root, ElementNames &names, const char *signature)
-{
-    return forEachReference(&root, signature, [&names, signature](ElementEquation &node) {
+    const char *const signature = BOOST_CURRENT_FUNCTION;
+    return forEachReference(this, signature, [&names, signature](ElementEquation &node) {
         // A name that was unknown when the formula was read names nothing here either.
         if (node.element == nullptr)
             return false;

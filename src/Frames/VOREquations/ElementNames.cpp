@@ -24,7 +24,6 @@ ElementNames::ElementNames(const FrameSet *set)
 {
 }
 
-ElementNames::ElementNames(const NameIndex &index) : mIndex(&index) {}
 ElementNames::~ElementNames() = default;
 
 bool ElementNames::isLarge(const FrameSet &set)

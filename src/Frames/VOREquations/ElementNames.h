@@ -9,7 +9,6 @@ namespace VorSystem
 {
 
 class BaseFrame;
-class ElementEquation;
 class FrameSet;
 class NameIndex;
 
@@ -19,8 +18,6 @@ class ElementNames
 {
 public:
     explicit ElementNames(const FrameSet *set);
-    /// Shares the index of a caller that reads many formulas.
-    explicit ElementNames(const NameIndex &index);
     ~ElementNames();
 
     ElementNames(const ElementNames &) = delete;
@@ -38,10 +35,5 @@ private:
     std::unique_ptr<NameIndex> mOwnIndex;
     int mSearches = 0;
 };
-
-/// Points every reference at or below root at the element that names knows by the same full name. False at
-/// the first reference without one, with those before it already changed. Raises AssertionError as
-/// ElementEquation::setAdapter, in the name of the operation whose signature is given.
-bool rebind(ElementEquation &root, ElementNames &names, const char *signature);
 
 } // namespace VorSystem

@@ -207,7 +207,6 @@ bool matchFormula(const FormulaScan &scan, NodeStack &stack)
     const spirit::strlit<Place> measure(measureWord.begin(), measureWord.end());
     const spirit::strlit<Place> levelOf(levelWord.begin(), levelWord.end());
 
-    // format off: the grammar reads in columns
     // clang-format off
     formula = term >> *(  (plus  >> term)[PushBinary{stack, ElemAdd}]
                         | (minus >> term)[PushBinary{stack, ElemSubtract}]);
