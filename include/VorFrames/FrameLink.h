@@ -125,6 +125,8 @@ protected:
 private:
     friend class ClearingOut;
     friend class FrameSet;
+    friend class SetTransfer;
+    void linkFrame(FrameFrame *frame, ControlBase *control);
     void unlinkFrames(ControlLookup &controls);
 
     TreeEquations *mFormulaMeasure = nullptr; ///< owned

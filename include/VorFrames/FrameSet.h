@@ -191,6 +191,7 @@ private:
     friend class FrameSegment; // tries the order when it takes a formula
     friend class GestFrames;
     friend class NameIndex;
+    friend class NamesAtHand;
     friend class NamesWhileRead;
     friend class ElementNames;
     /// The host's door to the removal of formulas: a class of this name, defined by the host, may call the
@@ -220,7 +221,7 @@ private:
     GestFrames *mFrameManager = nullptr;                      ///< not owned
     OrderEvaluation mOrderEvaluation;
     QListEx<RemovedFormula> mRemovedFormulas;
-    const NameIndex *mNamesWhileRead = nullptr; ///< answers for the lists while they are filled from JSON
+    const NameIndex *mNamesAtHand = nullptr; ///< answers for the lists while they are filled in bulk
 };
 
 /// The one comparison of names: case and white space, wherever it stands, do not count.

@@ -9,12 +9,12 @@ namespace VorSystem
 
 NamesWhileRead::NamesWhileRead(FrameSet &set) : mSet(set)
 {
-    mSet.mNamesWhileRead = &mIndex;
+    mSet.mNamesAtHand = &mIndex;
 }
 
 NamesWhileRead::~NamesWhileRead()
 {
-    mSet.mNamesWhileRead = nullptr;
+    mSet.mNamesAtHand = nullptr;
 }
 
 } // namespace VorSystem

@@ -20,7 +20,7 @@ constexpr int kSearchesBeforeIndex = 8;
 } // namespace
 
 ElementNames::ElementNames(const FrameSet *set)
-    : mSet(set), mIndex(set == nullptr ? nullptr : set->mNamesWhileRead)
+    : mSet(set), mIndex(set == nullptr ? nullptr : set->mNamesAtHand)
 {
 }
 

@@ -1,5 +1,6 @@
 // The abstract element: neutral answers, stored values, the way to its control object, and who mentions it.
-// Reevaluation, the recursion test and the question about locked pieces stand in files of their own.
+// Reevaluation, the recursion test, rebinding and the question about locked pieces stand in files of their
+// own.
 
 #include <VorFrames/BaseFrame.h>
 
@@ -11,7 +12,6 @@
 #include <VorConjoin/VorConjoin.h>
 #include <VorFrames/ControlBase.h>
 #include <VorFrames/ControlSkeleton.h>
-#include <VorFrames/ElementEquation.h>
 #include <VorFrames/FrameSet.h>
 #include <VorFrames/GestFrames.h>
 #include <VorFrames/TreeEquations.h>
@@ -33,12 +33,6 @@ double valueAt(const ValuesAccordingSizes &values, short size)
 bool mentions(TreeEquations *formula, BaseFrame *element)
 {
     return formula != nullptr && formula->mentions(element);
-}
-
-// Points the formula at the elements of set; false when a name is missing there.
-bool rebound(TreeEquations *formula, FrameSet *set)
-{
-    return formula == nullptr || formula->root == nullptr || formula->root->setAdapter(set);
 }
 
 // The skeleton that holds the control object; it must have one, and that one a piece.
@@ -257,16 +251,6 @@ void BaseFrame::setFormula(TreeEquations *&slot, TreeEquations *formula)
         return;
     delete slot;
     slot = formula;
-}
-
-void BaseFrame::adapterFormulaInSet(FrameSet *set)
-{
-    VOR_REQUIRE(set != nullptr);
-
-    if (!rebound(measurementFormula(), set))
-        setFormulaMeasurement(nullptr);
-    if (!rebound(formulaLevel(), set))
-        setFormulaLevel(nullptr);
 }
 
 // --- Stored values ---

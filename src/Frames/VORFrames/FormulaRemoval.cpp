@@ -14,6 +14,7 @@
 #include <VorFrames/TreeEquations.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace VorSystem
 {
@@ -26,6 +27,27 @@ constexpr char kSourceUnit[] = R"(src\Frames\VORFrames)";
 bool hasFormula(BaseFrame &element)
 {
     return element.measurementFormula() != nullptr || element.formulaLevel() != nullptr;
+}
+
+// Calls remove for each element of the list that the group ties to a control object of that class; true when
+// any call was.
+template<class Control, class Element, class Remove>
+bool removeTied(const QListEx<Element *> &elements, CDbGroupObject *group, Remove remove)
+{
+    bool removed = false;
+    std::optional<ControlIndex> controls;
+    const QListEx<Element *> asked = elements;
+    for (Element *element : asked) {
+        if (removed && !elements.contains(element))
+            continue; // the host heard of a removal and deleted it
+        if (!controls)
+            controls.emplace(group);
+        if (dynamic_cast<Control *>(controls->of(element)) == nullptr || !remove(element))
+            continue;
+        removed = true;
+        controls.reset(); // the host was called: who stands where is asked again
+    }
+    return removed;
 }
 
 } // namespace
@@ -77,18 +99,10 @@ bool FrameSet::removeFormulaOfGroup(CDbGroupObject *group)
 {
     VOR_REQUIRE(group != nullptr);
 
-    bool removed = false;
-    const QListEx<FrameSegment *> segments = mFrameSegments;
-    for (FrameSegment *segment : segments) {
-        if (dynamic_cast<ControlSegment *>(segment->objectControlCorrespondingOfGroup(group)) != nullptr)
-            removed = removeFormulaOfGroup(segment) || removed;
-    }
-    const QListEx<FrameFrame *> frames = mFrames;
-    for (FrameFrame *frame : frames) {
-        if (dynamic_cast<ControlFrame *>(frame->objectControlCorrespondingOfGroup(group)) != nullptr)
-            removed = removeFormulaOfGroup(frame) || removed;
-    }
-    return removed;
+    const auto remove = [this](BaseFrame *element) { return removeFormulaOfGroup(element); };
+    const bool ofSegments = removeTied<ControlSegment>(mFrameSegments, group, remove);
+    const bool ofFrames = removeTied<ControlFrame>(mFrames, group, remove);
+    return ofSegments || ofFrames;
 }
 
 bool FrameSet::removeForm(CDbGroupObject *group)

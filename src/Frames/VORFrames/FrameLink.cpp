@@ -94,9 +94,14 @@ ControlBase *FrameLink::skeletonElementPointedAtUs(ControlSkeleton *)
 void FrameLink::linkFrame(FrameFrame *frame)
 {
     VOR_REQUIRE(frame != nullptr);
+    linkFrame(frame, frame->objectControlCorresponding());
+}
+
+void FrameLink::linkFrame(FrameFrame *frame, ControlBase *control)
+{
     mFrames.append(frame);
     frame->setLink(this);
-    setInLink(frame->objectControlCorresponding(), true);
+    setInLink(control, true);
 }
 
 void FrameLink::removeFrame(FrameFrame *frame)

@@ -297,8 +297,8 @@ FrameMeasurementChart *FrameSet::findFrameMeasurementChartAccordingName(const QS
 
 BaseFrame *FrameSet::foundElementAccordingName(const QString &name, bool searchFrames) const
 {
-    if (mNamesWhileRead != nullptr)
-        return mNamesWhileRead->found(name, searchFrames);
+    if (mNamesAtHand != nullptr)
+        return mNamesAtHand->found(name, searchFrames);
 
     const int colon = name.indexOf(QLatin1Char(':'));
     if (colon >= 0) {

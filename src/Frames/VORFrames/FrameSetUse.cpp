@@ -142,16 +142,4 @@ bool FrameSet::elementsMentionedByElementDefined(BaseFrame *element)
            std::any_of(mFrameMeasurementCharts.cbegin(), mFrameMeasurementCharts.cend(), mentions);
 }
 
-// --- Rebinding ---
-
-void FrameSet::adapterFormulaInSet()
-{
-    for (FrameFrame *frame : qAsConst(mFrames))
-        frame->adapterFormulaInSet(this);
-    for (FrameLink *link : qAsConst(mFrameLinks))
-        link->adapterFormulaInSet(this);
-    for (FrameSegment *segment : qAsConst(mFrameSegments))
-        segment->adapterFormulaInSet(this);
-}
-
 } // namespace VorSystem

@@ -134,4 +134,14 @@ BaseFrame *NameIndex::found(const QString &name, bool searchFrames) const
     return searchFrames ? mFrames.value(key) : nullptr;
 }
 
+NamesAtHand::NamesAtHand(FrameSet &set, const NameIndex &names) : mSet(set)
+{
+    mSet.mNamesAtHand = &names;
+}
+
+NamesAtHand::~NamesAtHand()
+{
+    mSet.mNamesAtHand = nullptr;
+}
+
 } // namespace VorSystem

@@ -61,4 +61,19 @@ private:
     QHash<QString, FrameFrame *> mFrames;
 };
 
+/// While an object of this class lives, set finds its elements by name through the index, which the caller
+/// keeps in step with the lists.
+class NamesAtHand
+{
+public:
+    NamesAtHand(FrameSet &set, const NameIndex &names);
+    ~NamesAtHand();
+
+    NamesAtHand(const NamesAtHand &) = delete;
+    NamesAtHand &operator=(const NamesAtHand &) = delete;
+
+private:
+    FrameSet &mSet;
+};
+
 } // namespace VorSystem

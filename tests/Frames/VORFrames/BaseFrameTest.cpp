@@ -179,7 +179,6 @@ TEST(BaseFrame, operationsThatNeedASetRaiseWithoutOne)
     EXPECT_THROW(element.isMentionedByElementDefined(), AssertionError);
     EXPECT_THROW(element.evaluationInfluencesGeometrically(list), AssertionError);
     EXPECT_THROW(element.evaluationsInfluencedGeometrically(list), AssertionError);
-    EXPECT_THROW(element.adapterFormulaInSet(nullptr), AssertionError);
 }
 
 // --- Stored values ---
