@@ -2,7 +2,7 @@
 
 #include <VorFrames/FrameSet.h>
 
-#include "VOREquations/ElementNames.h"
+#include "VORFrames/NameIndex.h"
 
 #include <VorFrames/ElementEquation.h>
 #include <VorFrames/FrameFrame.h>
@@ -10,45 +10,44 @@
 #include <VorFrames/FrameSegment.h>
 #include <VorFrames/TreeEquations.h>
 
+#include <optional>
+
 namespace VorSystem
 {
 
 namespace
 {
 
-// A broken formula is reported under the name of the operation on one formula, however many are rebound.
-constexpr char kSetAdapter[] = "bool VorSystem::ElementEquation::setAdapter(VorSystem::FrameSet*)";
-
-bool isRebound(TreeEquations *formula, ElementNames &names)
+// False when a name is missing in set. A formula without a root has none.
+bool isRebound(TreeEquations *formula, FrameSet *set)
 {
-    return formula == nullptr || formula->root == nullptr || rebind(*formula->root, names, kSetAdapter);
-}
-
-void rebindFormulas(BaseFrame &element, ElementNames &names)
-{
-    if (!isRebound(element.measurementFormula(), names))
-        element.setFormulaMeasurement(nullptr);
-    if (!isRebound(element.formulaLevel(), names))
-        element.setFormulaLevel(nullptr);
+    return formula == nullptr || formula->root == nullptr || formula->root->setAdapter(set);
 }
 
 } // namespace
 
 void BaseFrame::adapterFormulaInSet(FrameSet *set)
 {
-    ElementNames names(set);
-    rebindFormulas(*this, names);
+    if (!isRebound(measurementFormula(), set))
+        setFormulaMeasurement(nullptr);
+    if (!isRebound(formulaLevel(), set))
+        setFormulaLevel(nullptr);
 }
 
 void FrameSet::adapterFormulaInSet()
 {
-    ElementNames names(this);
+    // One index for all formulas, unless the caller has one at hand.
+    std::optional<NameIndex> names;
+    std::optional<NamesAtHand> namesAtHand;
+    if (mNamesAtHand == nullptr)
+        namesAtHand.emplace(*this, names.emplace(*this));
+
     for (FrameFrame *frame : qAsConst(mFrames))
-        rebindFormulas(*frame, names);
+        frame->adapterFormulaInSet(this);
     for (FrameLink *link : qAsConst(mFrameLinks))
-        rebindFormulas(*link, names);
+        link->adapterFormulaInSet(this);
     for (FrameSegment *segment : qAsConst(mFrameSegments))
-        rebindFormulas(*segment, names);
+        segment->adapterFormulaInSet(this);
 }
 
 } // namespace VorSystem
