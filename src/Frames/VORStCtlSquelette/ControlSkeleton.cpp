@@ -32,10 +32,10 @@ constexpr char kSourceUnit[] = R"(src\Frames\VORStCtlSquelette)";
 template<class Control>
 void deleteAll(QListEx<Control *> &owned)
 {
-    const QListEx<Control *> controls = std::move(owned);
-    owned.clear();
+    QListEx<Control *> controls;
+    controls.swap(owned);
     QSet<Control *> deleted;
-    for (Control *control : controls) {
+    for (Control *control : qAsConst(controls)) {
         if (deleted.contains(control))
             continue;
         deleted.insert(control);
