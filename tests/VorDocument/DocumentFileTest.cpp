@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <random>
 
 using namespace VorSystem;
 using documents::Elements;
@@ -283,6 +284,66 @@ TEST(DocumentFile, anyPrefixOfADocumentIsRefused)
     const QByteArray whole(kSmall);
     for (int length = 0; length < whole.size(); ++length)
         EXPECT_FALSE(documentFromText(whole.left(length), document)) << length;
+}
+
+TEST(DocumentFile, anyDamageIsRefusedOrReadAsADocument)
+{
+    std::mt19937 random(20);
+    const QByteArray whole(kSmall);
+    for (int round = 0; round < 3000; ++round) {
+        QByteArray damaged = whole;
+        for (unsigned count = 1 + random() % 4; count > 0; --count) {
+            const int place = static_cast<int>(random() % static_cast<unsigned>(damaged.size()));
+            const int from = static_cast<int>(random() % static_cast<unsigned>(damaged.size()));
+            switch (random() % 3) {
+            case 0: damaged[place] = static_cast<char>(random() % 128); break;
+            case 1: damaged.remove(place, 1 + static_cast<int>(random() % 8)); break;
+            default: damaged.insert(place, damaged.mid(from, 1 + static_cast<int>(random() % 20))); break;
+            }
+        }
+        PatternDocument document;
+        DocumentReport report;
+        const bool isRead = documentFromText(damaged, document, &report);
+        EXPECT_EQ(isRead, report.error.isEmpty());
+        if (!isRead) {
+            EXPECT_TRUE(document.pieces().empty());
+            continue;
+        }
+        // What was read can be used and saved.
+        for (CDbGroupObject *piece : document.pieces())
+            piece->againObjects(true, document.gradationData(), true);
+        PatternDocument again;
+        EXPECT_TRUE(documentFromText(documentToText(document), again)) << str(damaged);
+    }
+}
+
+// Names and nest of a document, and how many sizes it then counts.
+struct Sizes {
+    int names;
+    short nest;
+    short counted;
+};
+
+TEST(DocumentFile, keepsAnyNumberOfSizes)
+{
+    for (const Sizes &sizes :
+         {Sizes{0, 0, 1}, Sizes{1, 1, 1}, Sizes{5, 0, 1}, Sizes{5, 5, 5}, Sizes{60, 1, 60}}) {
+        PatternDocument document;
+        QStringList names;
+        for (int name = 0; name < sizes.names; ++name)
+            names << QString::number(name);
+        ASSERT_TRUE(document.setSizes(names, sizes.nest));
+        enter(document, support::bodiceWithDart(), "Bodice");
+        enter(document, support::mirroredBack(), "Back"); // with evolutions for seven sizes
+
+        const QByteArray saved = documentToText(document);
+        PatternDocument loaded;
+        DocumentReport report;
+        ASSERT_TRUE(documentFromText(saved, loaded, &report)) << str(report.error);
+        EXPECT_EQ(GradationData::sizes(loaded.gradationData()), sizes.counted);
+        EXPECT_EQ(loaded.gradationData() == nullptr, sizes.names == 0);
+        EXPECT_EQ(str(documentToText(loaded)), str(saved));
+    }
 }
 
 } // namespace
