@@ -1,13 +1,13 @@
 // Imported nests against the figures that come with them, in every size.
 //
 // The nests are not part of the project: the environment variable VORFRAMES_DATA names the folder that holds
-// freesewing-blocks/*.nest.json. Without it these tests are skipped.
+// them, itself or in a folder of it. Without it these tests are skipped.
 
 #include "TestDocument.h"
 
 #include <VorDocument/NestImport.h>
 
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -182,7 +182,9 @@ protected:
         const QString folder = qEnvironmentVariable("VORFRAMES_DATA");
         if (folder.isEmpty())
             GTEST_SKIP() << "VORFRAMES_DATA does not name the folder of the nests";
-        QFile file(QDir(folder).filePath(text("freesewing-blocks/") + text(GetParam())));
+        QDirIterator found(folder, {text(GetParam())}, QDir::Files, QDirIterator::Subdirectories);
+        ASSERT_TRUE(found.hasNext()) << "no " << GetParam() << " in " << folder.toStdString();
+        QFile file(found.next());
         ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
         const QByteArray words = file.readAll();
         DocumentReport report;
