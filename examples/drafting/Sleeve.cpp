@@ -3,6 +3,8 @@
 
 #include "Garments.h"
 
+#include <array>
+
 namespace drafting
 {
 
@@ -11,40 +13,36 @@ namespace
 
 constexpr double kCapEase = 2.5; // cm, worked in when the sleeve is set in
 
-// Four curves over the cap, front to back; the front is hollowed more.
+// A cubic curve: its ends and its controls between them.
+using Cubic = std::array<Point, 4>;
+
+// Four curves over the cap, from the front underarm to the back one; the front is hollowed more.
 struct Cap {
-    Cap(double wide, double high) : width(wide), height(high)
+    Cap(double width, double high) : height(high)
     {
-        frontHollow = Point(-0.055 * width, 0.24 * height);
-        backHollow = Point(0.065 * width, 0.22 * height);
+        const auto at = [&](double across, double up) { return Point(across * width, up * height); };
+        curves = {Cubic{at(0.5, 0.0), at(0.4, 0.0), at(0.33, 0.23), at(0.275, 0.47)},
+                  Cubic{at(0.275, 0.47), at(0.22, 0.71), at(0.14, 1.0), at(0.01, 1.0)},
+                  Cubic{at(0.01, 1.0), at(-0.12, 1.0), at(-0.21, 0.74), at(-0.275, 0.52)},
+                  Cubic{at(-0.275, 0.52), at(-0.34, 0.3), at(-0.385, 0.03), at(-0.5, 0.0)}};
     }
 
-    Point frontEnd() const { return Point(0.5 * width, 0.0); }
-    Point front() const { return Point(0.275 * width, 0.47 * height); }
-    Point top() const { return Point(0.01 * width, height); }
-    Point back() const { return Point(-0.275 * width, 0.52 * height); }
-    Point backEnd() const { return Point(-0.5 * width, 0.0); }
-    Point frontControl1() const { return Point(0.40 * width, 0.0); }
-    Point frontControl2() const { return front() - frontHollow; }
-    Point frontControl3() const { return front() - Point(-frontHollow.mX, -frontHollow.mY); }
-    Point frontControl4() const { return Point(0.14 * width, height); }
-    Point backControl1() const { return Point(-0.12 * width, height); }
-    Point backControl2() const { return back() - Point(-backHollow.mX, -backHollow.mY); }
-    Point backControl3() const { return back() - backHollow; }
-    Point backControl4() const { return Point(-0.385 * width, 0.03 * height); }
+    Point frontEnd() const { return curves[0][0]; }
+    Point front() const { return curves[1][0]; }
+    Point top() const { return curves[2][0]; }
+    Point back() const { return curves[3][0]; }
+    Point backEnd() const { return curves[3][3]; }
 
     double length() const
     {
-        return lengthOfCurve(frontEnd(), frontControl1(), frontControl2(), front()) +
-               lengthOfCurve(front(), frontControl3(), frontControl4(), top()) +
-               lengthOfCurve(top(), backControl1(), backControl2(), back()) +
-               lengthOfCurve(back(), backControl3(), backControl4(), backEnd());
+        double sum = 0.0;
+        for (const Cubic &curve : curves)
+            sum += lengthOfCurve(curve[0], curve[1], curve[2], curve[3]);
+        return sum;
     }
 
-    double width;
     double height;
-    Point frontHollow; // from the point below to the one above the middle of the front
-    Point backHollow;
+    std::array<Cubic, 4> curves;
 };
 
 Cap capOf(const Measures &m)
@@ -76,10 +74,9 @@ Sheet sleeve(const Measures &m)
     Sheet sheet(QStringLiteral("Sleeve"));
     sheet.from(cap.backEnd()).allowance(1.5).line(backElbow).line(backHem);
     sheet.allowance(4.0).line(hemMiddle).line(frontHem).allowance(1.5).line(frontElbow).line(cap.frontEnd());
-    sheet.allowance(1.0).curve(cap.frontControl1(), cap.frontControl2(), cap.front());
-    sheet.curve(cap.frontControl3(), cap.frontControl4(), cap.top());
-    sheet.curve(cap.backControl1(), cap.backControl2(), cap.back());
-    sheet.curve(cap.backControl3(), cap.backControl4(), cap.backEnd());
+    sheet.allowance(1.0);
+    for (const Cubic &curve : cap.curves)
+        sheet.curve(curve[1], curve[2], curve[3]);
     sheet.notch(cap.front()).notch(cap.top()).notch(cap.back()).notch(backElbow).notch(frontElbow);
     sheet.innerLine(cap.backEnd(), cap.frontEnd()).innerLine(backElbow, frontElbow);
     sheet.axis(QStringLiteral("Sleeve"), hemMiddle, cap.top())
