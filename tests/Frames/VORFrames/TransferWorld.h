@@ -1,6 +1,7 @@
 // Two documents without pieces, between which sets are copied and merged, and sets as text.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <support/TestDocument.h>
 
 #include <memory>
