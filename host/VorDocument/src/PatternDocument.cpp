@@ -1,6 +1,7 @@
 // The document: who owns what, and in which order it goes.
 
 #include "ControlPlan.h"
+#include "PieceCopy.h"
 
 #include <VorConjoin/CDbGroupObject.h>
 #include <VorConjoin/GabaritObject.h>
@@ -29,16 +30,6 @@ void deleteSkeletons(const CDbGroupObject &piece)
 {
     for (GabaritObject *gabarit = piece.firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit)
         delete gabarit->controlSkeleton();
-}
-
-void copySkeletons(const CDbGroupObject &source, CDbGroupObject *copy)
-{
-    GabaritObject *twin = copy->firstGabarit();
-    for (GabaritObject *gabarit = source.firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit) {
-        if (ControlSkeleton *skeleton = gabarit->controlSkeleton())
-            new ControlSkeleton(copy, twin, skeleton); // the gabarit holds it
-        twin = twin->mNextGabarit;
-    }
 }
 
 bool areSizeNames(const QStringList &names)
@@ -147,9 +138,8 @@ CDbGroupObject *PatternDocument::copyPiece(const CDbGroupObject *piece, const QS
 {
     if (std::find(pieces().begin(), pieces().end(), piece) == pieces().end())
         return nullptr;
-    std::unique_ptr<CDbGroupObject> copy(piece->copy());
+    std::unique_ptr<CDbGroupObject> copy = copyWithSkeletons(*piece);
     copy->setName(name);
-    copySkeletons(*piece, copy.get());
     mPlan->addGroup(copy.get());
     return copy.release();
 }

@@ -6,3 +6,4 @@
 #include <VorDocument/NestImport.h>
 #include <VorDocument/PatternDocument.h>
 #include <VorDocument/PieceDraft.h>
+#include <VorDocument/Transfer.h>
