@@ -129,29 +129,6 @@ TEST_F(DocumentDrawingTest, anOverlayMatchesPiecesByName)
     EXPECT_EQ(seen.texts.at("Drawn <&>, size 46"), 2);
 }
 
-TEST_F(DocumentDrawingTest, anOverlayShowsMarksOfBothAndTheSkeletonAfter)
-{
-    PatternDocument after;
-    ASSERT_TRUE(documentFromText(documentToText(document), after));
-    const Seen seen(drawOverlay(document, after, 7));
-
-    EXPECT_EQ(seen.count("path.notch"), 2); // of the bodice
-    EXPECT_EQ(seen.count("path.leg"), 4);   // bodice and back
-    EXPECT_EQ(seen.count("circle.mark"), 2);
-    EXPECT_EQ(seen.count("g.axis"), 1);
-    EXPECT_EQ(seen.count("g.frame"), 1);
-    EXPECT_EQ(seen.count("g.segment"), 1);
-}
-
-TEST_F(DocumentDrawingTest, aLongHeadingIsWrittenSmaller)
-{
-    PatternDocument named;
-    named.setName(text("Bodice"));
-    EXPECT_TRUE(drawDocument(named).contains("font-size=\"16\""));
-    named.setName(QString(100, QLatin1Char('B')));
-    EXPECT_FALSE(drawDocument(named).contains("font-size=\"16\""));
-}
-
 TEST_F(DocumentDrawingTest, passesOverControlObjectsThatHaveNoPlace)
 {
     CDbGroupObject *bare = document.copyPiece(document.pieces()[0], text("Bare"));

@@ -99,6 +99,8 @@ void CDbGroupObject::againObjects(bool gradationDefined, const GradationData *gr
     // Copies that outlived this change would draw the pivot of the next one after them.
     forEachDart(*this, [](DartContour &dart) { dart.freeCopies(); });
     ++mRebuildCount;
+    if (mRebuilt)
+        mRebuilt();
 }
 
 // In the size the vectors stand in: anchors stay, except mirrored pairs and pivots of darts with equal legs.

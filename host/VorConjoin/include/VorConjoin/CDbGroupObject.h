@@ -9,6 +9,7 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <utility>
@@ -168,6 +169,7 @@ public:
     Mirror *mMirror = nullptr;           ///< null when the group has no mirror
     CDbPointVOR *mFirstVector = nullptr; ///< head of the null-ended chain of own vectors
     qint32 mRebuildingFromFrames = 0;    ///< 1 while a rebuild was asked for by a frame
+    std::function<void()> mRebuilt;      ///< heard at the end of each rebuild; may be empty
 
 private:
     friend class GabaritObject;

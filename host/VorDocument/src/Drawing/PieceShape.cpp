@@ -385,22 +385,6 @@ GeoRectangle PieceShape::extent() const
     return extent;
 }
 
-std::pair<double, double> PieceShape::reachAlong(const GeoPoint2D &a, const GeoPoint2D &b) const
-{
-    double least = 0.0;
-    double most = 0.0;
-    bool isFirst = true;
-    for (const GabaritObject *gabarit = mPiece.firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit) {
-        for (const CDbPointVOR *v : gabarit->contourVectors()) {
-            const double t = CDbPointVOR::scaleProjeced(a, b, placeOf(v));
-            least = isFirst ? t : std::min(least, t);
-            most = isFirst ? t : std::max(most, t);
-            isFirst = false;
-        }
-    }
-    return {least, most};
-}
-
 GeoPoint2D PieceShape::middle() const
 {
     double doubled = 0.0;

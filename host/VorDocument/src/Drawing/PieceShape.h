@@ -5,7 +5,6 @@
 
 #include <VorGeo/GeoRectangle.h>
 
-#include <utility>
 #include <vector>
 
 namespace VorSystem
@@ -63,9 +62,6 @@ public:
     GeoPoint2D clearing(const std::vector<GeoPoint2D> &points, double halfWidth, double halfHeight) const;
 
     GeoRectangle extent() const;
-    /// How far the contours reach along the line from a to b: parameters of it, 0 at a and 1 at b. Both 0
-    /// without contours.
-    std::pair<double, double> reachAlong(const GeoPoint2D &a, const GeoPoint2D &b) const;
     /// Middle of the area of the first contour.
     GeoPoint2D middle() const;
 

@@ -1,0 +1,237 @@
+// Elements, sets, pieces and points by what the user typed, and what he may have meant instead.
+#include "Garment.h"
+#include "Refusal.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
+namespace room
+{
+
+using namespace VorSystem;
+
+namespace
+{
+
+constexpr double kClick = 1.0; // cm: how far from a point a click may be
+constexpr int kSuggestions = 3;
+
+QString folded(const QString &name)
+{
+    QString letters;
+    for (const QChar letter : name) {
+        if (!letter.isSpace())
+            letters += letter;
+    }
+    return letters.toCaseFolded();
+}
+
+// How many letters must be changed, left out or put in to make b of a.
+int distanceOf(const QString &a, const QString &b)
+{
+    std::vector<int> row(static_cast<std::size_t>(b.size()) + 1);
+    std::iota(row.begin(), row.end(), 0);
+    for (int i = 1; i <= a.size(); ++i) {
+        int diagonal = row[0];
+        row[0] = i;
+        for (int j = 1; j <= b.size(); ++j) {
+            int &here = row[static_cast<std::size_t>(j)];
+            const int above = here;
+            const int change = diagonal + (a.at(i - 1) == b.at(j - 1) ? 0 : 1);
+            here = std::min({change, above + 1, row[static_cast<std::size_t>(j) - 1] + 1});
+            diagonal = above;
+        }
+    }
+    return row.back();
+}
+
+QString quotedList(const QStringList &names)
+{
+    QString text;
+    for (int i = 0; i < names.size(); ++i) {
+        if (i > 0)
+            text += i + 1 == names.size() ? QStringLiteral(" or ") : QStringLiteral(", ");
+        text += QLatin1Char('\'') + names.at(i) + QLatin1Char('\'');
+    }
+    return text;
+}
+
+eElementFrameType kindOf(const QString &name)
+{
+    for (const eElementFrameType kind : {Element_Center, Element_Segment, Element_Link, Element_Frame,
+                                         Element_Spec, Element_MeasurementChart}) {
+        if (name == kindName(kind))
+            return kind;
+    }
+    throw Refusal(QStringLiteral("There is no kind of element called '%1': choose center, frame, segment, "
+                                 "link, spec or chart.")
+                      .arg(name),
+                  Exit_Usage);
+}
+
+template<class Matches>
+std::vector<Element> filtered(const std::vector<Element> &elements, const Matches &matches)
+{
+    std::vector<Element> found;
+    std::copy_if(elements.begin(), elements.end(), std::back_inserter(found), matches);
+    return found;
+}
+
+} // namespace
+
+std::vector<CDbPointVOR *> pointsOf(const CDbGroupObject *piece)
+{
+    std::vector<CDbPointVOR *> points;
+    for (const GabaritObject *gabarit = piece->firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit)
+        points.insert(points.end(), gabarit->contourVectors().begin(), gabarit->contourVectors().end());
+    points.insert(points.end(), piece->ownVectors().begin(), piece->ownVectors().end());
+    return points;
+}
+
+QString nearest(const QString &name, const QStringList &known)
+{
+    const QString wanted = folded(name);
+    const int farthest = std::max(2, wanted.size() / 3);
+    std::vector<std::pair<int, QString>> close;
+    for (const QString &candidate : known) {
+        // A name of another length cannot be meant by a slip of the finger; a long one takes long to compare.
+        if (std::abs(folded(candidate).size() - wanted.size()) > farthest || wanted.size() > 200)
+            continue;
+        const int distance = distanceOf(wanted, folded(candidate));
+        if (distance <= farthest)
+            close.emplace_back(distance, candidate);
+    }
+    std::stable_sort(close.begin(), close.end(),
+                     [](const auto &a, const auto &b) { return a.first < b.first; });
+    QStringList best;
+    for (const auto &candidate : close) {
+        if (best.size() < kSuggestions && !best.contains(candidate.second))
+            best << candidate.second;
+    }
+    return best.isEmpty() ? QString() : QStringLiteral(" Do you mean %1?").arg(quotedList(best));
+}
+
+Element findElement(const PatternDocument &document, const QString &name, const QString &kind)
+{
+    std::vector<Element> elements = elementsOf(document);
+    if (!kind.isEmpty()) {
+        const eElementFrameType wanted = kindOf(kind);
+        elements = filtered(elements, [&](const Element &e) { return e.place.kind == wanted; });
+    }
+    std::vector<Element> found = filtered(elements, [&](const Element &e) {
+        return Noms_Identiques(e.fullName(), name) || Noms_Identiques(e.path(), name);
+    });
+    if (found.empty())
+        found =
+            filtered(elements, [&](const Element &e) { return Noms_Identiques(e.element->name(), name); });
+    if (found.size() == 1)
+        return found.front();
+
+    if (found.empty()) {
+        QStringList known;
+        for (const Element &element : elements)
+            known << element.fullName() << element.path() << element.element->name();
+        throw Refusal(QStringLiteral("There is no element '%1'.%2").arg(name, nearest(name, known)));
+    }
+    QStringList candidates;
+    for (const Element &element : found)
+        candidates << QStringLiteral("%1 (%2)").arg(element.path(), kindName(element.place.kind));
+    throw Refusal(QStringLiteral("'%1' is ambiguous: %2. Write the set before it, or give its --kind.")
+                      .arg(name, candidates.join(QStringLiteral(", "))));
+}
+
+FrameSet *findSet(const PatternDocument &document, const QString &name)
+{
+    if (FrameSet *set = document.framesManager()->getFrameSetAccordingName(name))
+        return set;
+    QStringList known;
+    const QListEx<FrameSet *> sets = document.framesManager()->getFrameSets();
+    for (const FrameSet *set : sets)
+        known << set->name();
+    throw Refusal(QStringLiteral("There is no set '%1'.%2").arg(name, nearest(name, known)));
+}
+
+CDbGroupObject *findPiece(const PatternDocument &document, const QString &name)
+{
+    QStringList known;
+    for (CDbGroupObject *piece : document.pieces()) {
+        if (Noms_Identiques(piece->name(), name))
+            return piece;
+        known << piece->name();
+    }
+    throw Refusal(QStringLiteral("There is no piece '%1'.%2").arg(name, nearest(name, known)));
+}
+
+NameInSet splitPath(const PatternDocument &document, const QString &path)
+{
+    const int slash = path.indexOf(QLatin1Char('/'));
+    if (slash >= 0)
+        return {findSet(document, path.left(slash)), path.mid(slash + 1).trimmed()};
+    const QListEx<FrameSet *> sets = document.framesManager()->getFrameSets();
+    if (sets.isEmpty())
+        throw Refusal(QStringLiteral("The document has no set yet: make one with 'add DOC set NAME'."));
+    if (sets.size() > 1) {
+        throw Refusal(QStringLiteral("There are %1 sets: write the one that is meant before the name, as in "
+                                     "'%2/%3'.")
+                          .arg(QString::number(sets.size()), sets.first()->name(), path));
+    }
+    return {sets.first(), path.trimmed()};
+}
+
+GeoPoint2D placeOf(const QString &where, const LengthStyle &style)
+{
+    // The comma parts the coordinates, so the decimals of a place are written with a dot in every locale.
+    const QStringList parts = where.split(QLatin1Char(','));
+    bool isX = false;
+    bool isY = false;
+    const double x = style.unit.toCentimeter(parts.value(0).trimmed().toDouble(&isX));
+    const double y = style.unit.toCentimeter(parts.value(1).trimmed().toDouble(&isY));
+    if (parts.size() != 2 || !isX || !isY || !(std::abs(x) <= 1e5) || !(std::abs(y) <= 1e5)) {
+        throw Refusal(QStringLiteral("'%1' is no point: write '#7' for point 7, or a place such as "
+                                     "'24.5,16'.")
+                          .arg(where));
+    }
+    return {x, y};
+}
+
+CDbPointVOR *findPoint(const CDbGroupObject *piece, const QString &where, const LengthStyle &style)
+{
+    if (where.startsWith(QLatin1Char('#'))) {
+        bool isNumber = false;
+        const int number = where.mid(1).toInt(&isNumber);
+        CDbPointVOR *point = isNumber ? piece->vectorOfIdentity(number) : nullptr;
+        if (point)
+            return point;
+        throw Refusal(QStringLiteral("'%1' has no point '%2': 'show DOC --points \"%1\"' lists them.")
+                          .arg(piece->name(), where));
+    }
+
+    const GeoPoint2D click = placeOf(where, style);
+    CDbPointVOR *closest = nullptr;
+    double least = std::numeric_limits<double>::infinity();
+    for (CDbPointVOR *point : pointsOf(piece)) {
+        // Handles and caps follow other points: nothing can be tied to them.
+        if (!point->isAnchor())
+            continue;
+        const double distance = point->distance(click);
+        if (distance < least) {
+            least = distance;
+            closest = point;
+        }
+    }
+    if (least <= kClick)
+        return closest;
+    QString hint;
+    if (closest) {
+        const auto inUnit = [&](double length) {
+            return QString::number(style.unit.fromCentimeter(length), 'f', 2);
+        };
+        hint =
+            QStringLiteral(" The nearest is #%1 at %2,%3.")
+                .arg(QString::number(closest->Num_ID().number()), inUnit(closest->x()), inUnit(closest->y()));
+    }
+    throw Refusal(QStringLiteral("'%1' has no point within 1 cm of '%2'.%3").arg(piece->name(), where, hint));
+}
+
+} // namespace room

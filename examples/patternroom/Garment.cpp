@@ -1,0 +1,183 @@
+#include "Garment.h"
+
+#include "Console.h"
+#include "Refusal.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace room
+{
+
+using namespace VorSystem;
+
+namespace
+{
+
+Refusal unreadable(const QString &path, const QString &why)
+{
+    return Refusal(QStringLiteral("Cannot read '%1': %2.").arg(path, why), Exit_File);
+}
+
+Refusal unwritable(const QString &path, const QString &why)
+{
+    return Refusal(QStringLiteral("Cannot write '%1': %2.").arg(path, why), Exit_File);
+}
+
+// Texts of Qt and of the system begin with or without the path and end with or without a stop.
+QString bare(QString reason, const QString &path = QString())
+{
+    if (!path.isEmpty() && reason.startsWith(path + QLatin1String(": ")))
+        reason = reason.mid(path.size() + 2);
+    while (reason.endsWith(QLatin1Char('.')) || reason.endsWith(QLatin1Char('\n')))
+        reason.chop(1);
+    return reason;
+}
+
+} // namespace
+
+DocumentPtr openDocument(const QString &path)
+{
+    if (QFileInfo(path).isDir())
+        throw unreadable(path, QStringLiteral("it is a folder"));
+    auto document = std::make_unique<PatternDocument>();
+    DocumentReport report;
+    if (!loadDocument(path, *document, &report))
+        throw unreadable(path, bare(report.error, path));
+    for (const QString &lost : qAsConst(report.dropped))
+        VorCoreApplication::instance().showMessage(QStringLiteral("%1: %2").arg(path, lost), QString(), 0);
+    document->framesManager()->adjustFrameSetsANest();
+    return document;
+}
+
+void storeDocument(const PatternDocument &document, const QString &path)
+{
+    DocumentReport report;
+    const QByteArray text = documentToText(document, &report);
+    if (text.isEmpty())
+        throw unwritable(path, bare(report.error));
+    storeText(text, path);
+}
+
+void storeText(const QByteArray &text, const QString &path)
+{
+    const QFileInfo info(path);
+    if (info.isDir())
+        throw unwritable(path, QStringLiteral("it is a folder"));
+    if (info.exists() && !info.isFile()) {
+        // A device takes the text directly: there is nothing beside which a new file could be completed.
+        QFile device(path);
+        if (!device.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || device.write(text) != text.size())
+            throw unwritable(path, bare(device.errorString()));
+        return;
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+        throw unwritable(path, bare(file.errorString()));
+}
+
+QByteArray readText(const QString &path)
+{
+    if (QFileInfo(path).isDir())
+        throw unreadable(path, QStringLiteral("it is a folder"));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw unreadable(path, bare(file.errorString()));
+    return file.readAll();
+}
+
+DocumentPtr copyOf(const PatternDocument &document)
+{
+    auto copy = std::make_unique<PatternDocument>();
+    DocumentReport report;
+    const QByteArray text = documentToText(document, &report);
+    if (text.isEmpty() || !documentFromText(text, *copy, &report))
+        throw Refusal(QStringLiteral("The document cannot be copied: %1.").arg(bare(report.error)));
+    return copy;
+}
+
+std::vector<Element> elementsOf(const PatternDocument &document)
+{
+    std::vector<Element> elements;
+    const QListEx<FrameSet *> sets = document.framesManager()->getFrameSets();
+    for (int number = 0; number < sets.size(); ++number) {
+        FrameSet *set = sets.at(number);
+        const auto add = [&](const auto &list, eElementFrameType kind) {
+            for (int index = 0; index < list.size(); ++index)
+                elements.push_back({list.at(index), set, {number, kind, index}});
+        };
+        add(set->getFrameMeasurementCharts(), Element_MeasurementChart);
+        add(set->getFrameCenters(), Element_Center);
+        add(set->getFrames(), Element_Frame);
+        add(set->getFrameLinks(), Element_Link);
+        add(set->getFrameSegments(), Element_Segment);
+        add(set->getFrameSpecs(), Element_Spec);
+    }
+    return elements;
+}
+
+Element elementAt(const PatternDocument &document, const ElementPlace &place)
+{
+    for (const Element &candidate : elementsOf(document)) {
+        if (candidate.place.set == place.set && candidate.place.kind == place.kind &&
+            candidate.place.index == place.index)
+            return candidate;
+    }
+    throw Refusal(QStringLiteral("An element was lost on the way."));
+}
+
+QString kindName(eElementFrameType kind)
+{
+    switch (kind) {
+    case Element_Center: return QStringLiteral("center");
+    case Element_Segment: return QStringLiteral("segment");
+    case Element_Link: return QStringLiteral("link");
+    case Element_Frame: return QStringLiteral("frame");
+    case Element_Set: return QStringLiteral("set");
+    case Element_Spec: return QStringLiteral("spec");
+    case Element_MeasurementChart: return QStringLiteral("chart");
+    }
+    return QString();
+}
+
+int sizeCount(const PatternDocument &document)
+{
+    return GradationData::sizes(document.gradationData());
+}
+
+int nestIndex(const PatternDocument &document)
+{
+    return GradationData::nestNumber(document.gradationData()) - 1;
+}
+
+QStringList sizeHeadings(const PatternDocument &document)
+{
+    QStringList headings = document.sizeNames();
+    if (headings.size() != sizeCount(document))
+        return {QStringLiteral("all")};
+    if (GradationData::hasNest(document.gradationData())) {
+        QString &nest = headings[nestIndex(document)];
+        nest = QLatin1Char('[') + nest + QLatin1Char(']');
+    }
+    return headings;
+}
+
+QListEx<double> valuesOf(const ValuesAccordingSizes *values, const PatternDocument &document)
+{
+    QListEx<double> list;
+    for (int size = 0; size < sizeCount(document); ++size)
+        list.append(values ? values->mValues.value(size, 0.0) : 0.0);
+    return list;
+}
+
+TreeEquations *valueFormula(BaseFrame *element)
+{
+    if (element->elementType() == Element_Spec)
+        return element->formulaSpec();
+    if (auto *chart = dynamic_cast<FrameMeasurementChart *>(element))
+        return chart->formulaMeasurementChart();
+    return element->measurementFormula();
+}
+
+} // namespace room

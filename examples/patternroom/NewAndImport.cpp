@@ -1,0 +1,62 @@
+// An empty document, and nests of other programs.
+#include "Commands.h"
+
+#include <QFileInfo>
+
+namespace room
+{
+
+using namespace VorSystem;
+
+int newDocument(const NewOptions &options)
+{
+    if (QFileInfo::exists(options.document) && !options.isForced) {
+        throw Refusal(QStringLiteral("'%1' is there already: --force writes over it.").arg(options.document),
+                      Exit_File);
+    }
+    PatternDocument document;
+    document.setName(options.name.isEmpty() ? QFileInfo(options.document).baseName() : options.name);
+    QStringList sizes;
+    for (const QString &size : options.sizes.split(QLatin1Char(';'), Qt::SkipEmptyParts))
+        sizes << size.trimmed();
+    if (!sizes.isEmpty()) {
+        const int nest = options.nest.isEmpty() ? (sizes.size() - 1) / 2 : sizes.indexOf(options.nest);
+        if (nest < 0) {
+            throw Refusal(QStringLiteral("The nest '%1' is none of the sizes %2.%3")
+                              .arg(options.nest, sizes.join(QLatin1Char(';')), nearest(options.nest, sizes)));
+        }
+        if (!document.setSizes(sizes, static_cast<short>(nest + 1)))
+            throw Refusal(
+                QStringLiteral("'%1' are no sizes: each needs a name of its own.").arg(options.sizes));
+    }
+    storeDocument(document, options.document);
+    options.console->print(QStringLiteral("New document '%1' with sizes %2\n")
+                               .arg(document.name(), sizes.isEmpty()
+                                                         ? QStringLiteral("of none")
+                                                         : sizeHeadings(document).join(QLatin1Char(' '))));
+    return Exit_Done;
+}
+
+int import(const ImportOptions &options)
+{
+    if (options.output.isEmpty())
+        throw Refusal(QStringLiteral("Say where the document goes: -o FILE."), Exit_Usage);
+    PatternDocument document;
+    DocumentReport report;
+    if (!importNest(readText(options.file), document, &report))
+        throw Refusal(QStringLiteral("Cannot import '%1': %2").arg(options.file, report.error), Exit_File);
+    for (const QString &lost : qAsConst(report.dropped))
+        options.console->tell(lost);
+    storeDocument(document, options.output);
+
+    Table table({QStringLiteral("piece"), QStringLiteral("points"), QStringLiteral("area in the nest, cm2")});
+    for (const CDbGroupObject *piece : document.pieces()) {
+        table.add({piece->name(), QString::number(piece->firstGabarit()->contourCount()),
+                   QLocale().toString(piece->firstGabarit()->area(), 'f', 1)});
+    }
+    options.console->print(QStringLiteral("Sizes %1\n").arg(sizeHeadings(document).join(QLatin1Char(' '))) +
+                           table.print(Table_Text));
+    return Exit_Done;
+}
+
+} // namespace room

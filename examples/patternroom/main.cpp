@@ -1,0 +1,53 @@
+// patternroom: graded pattern pieces that obey measurements, from the command line.
+
+#include "CommandLine.h"
+#include "Console.h"
+#include "Refusal.h"
+
+#include <VorFrames/Errors.h>
+
+#include <QCoreApplication>
+
+#include <exception>
+
+using namespace room;
+
+namespace
+{
+
+// The words after the name of the program, and that name as a user types it.
+QStringList wordsOfTheProgram(int argc, char **argv)
+{
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words << QString::fromLocal8Bit(argv[i]);
+    return words;
+}
+
+int fail(Console &console, const QString &sentence, int exit)
+{
+    console.tell(QStringLiteral("patternroom: ") + sentence);
+    return exit;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    char name[] = "patternroom";
+    char *names[] = {name, nullptr};
+    int count = 1;
+    const QCoreApplication application(count, names);
+    Console console;
+    try {
+        const int exit = runCommand(wordsOfTheProgram(argc, argv), console);
+        if (!Console::writeOut(console.takePrinted()))
+            return fail(console, QStringLiteral("Standard output takes no more."), Exit_File);
+        return exit;
+    } catch (const Refusal &refusal) {
+        return fail(console, refusal.sentence(), refusal.exit());
+    } catch (const std::exception &error) {
+        // A broken precondition of the library: nothing was written.
+        return fail(console, QString::fromUtf8(error.what()), Exit_Refused);
+    }
+}
