@@ -59,7 +59,7 @@ public:
     bool containsFrameDefines();
     /// Position i takes the frame that stood at order[i], here and in the set's flat list. Nothing when the
     /// count differs; an index outside the list ends the program. A frame lost by a repeated index loses its
-    /// center.
+    /// center and its link and belongs to its holder.
     void ChangeFrameFrames(QListEx<int> order);
 
 protected:

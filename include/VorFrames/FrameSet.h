@@ -97,7 +97,8 @@ public:
     /// The same for a frame, which must stand on its center already.
     void addFrame(FrameFrame *frame, int index);
 
-    /// Takes the element off its list and clears its set; it is not deleted and belongs to the caller.
+    /// Takes the element off its list and clears its set; it is not deleted and belongs to the caller. A link
+    /// keeps its frames until it or their set dies.
     void removeCenter(FrameCenter *center);
     void removeLink(FrameLink *link);
     void removeSegment(FrameSegment *segment);

@@ -20,6 +20,7 @@ template<class T>
 class QListEx : public QList<T>
 {
 public:
+    using QList<T>::QList;
     QListEx() = default;
     QListEx(std::initializer_list<T> values) : QList<T>(values) {}
     QListEx(const QListEx &other) : QList<T>() { takeCopy(other); }
@@ -49,6 +50,26 @@ public:
         takeCopy(other);
         return *this;
     }
+
+    /// Appending a whole list to an empty one copies it too, where a QList would share it.
+    using QList<T>::append;
+    void append(const QList<T> &values)
+    {
+        QList<T>::append(values);
+        this->detach();
+    }
+    QListEx &operator+=(const QList<T> &values)
+    {
+        append(values);
+        return *this;
+    }
+    QListEx &operator+=(const T &value)
+    {
+        QList<T>::append(value);
+        return *this;
+    }
+    QListEx &operator<<(const QList<T> &values) { return *this += values; }
+    QListEx &operator<<(const T &value) { return *this += value; }
 
     const T &at(int index) const
     {
@@ -93,6 +114,7 @@ public:
     T &back() { return last(); }
     const T &back() const { return constLast(); }
 
+    using QList<T>::insert;
     /// Inserts before index; index equal to size() appends.
     void insert(int index, const T &value)
     {
@@ -117,6 +139,9 @@ public:
         require("swapItemsAt", j);
         QList<T>::swapItemsAt(i, j);
     }
+
+    using QList<T>::swap;
+    void swap(int i, int j) { swapItemsAt(i, j); }
 
     void removeAt(int index)
     {

@@ -9,6 +9,7 @@
 #include <VorFrames/ControlCenter.h>
 #include <VorFrames/ControlSkeleton.h>
 #include <VorFrames/FrameFrame.h>
+#include <VorFrames/FrameLink.h>
 #include <VorFrames/FrameSet.h>
 #include <VorFrames/GestFrames.h>
 
@@ -69,7 +70,7 @@ void FrameCenter::addFrame(FrameFrame *frame, int index)
 
 void FrameCenter::removeFrame(FrameFrame *frame)
 {
-    if (!mFrames.removeOne(frame))
+    if (mFrames.removeAll(frame) == 0) // all of them: a reordering may have repeated the frame
         return;
     if (mFrameLevelZero == frame)
         mFrameLevelZero = nullptr;
@@ -171,6 +172,8 @@ void FrameCenter::ChangeFrameFrames(QListEx<int> order)
             continue;
         if (mFrameLevelZero == frame)
             mFrameLevelZero = nullptr;
+        if (FrameLink *const link = frame->getLink())
+            link->removeFrame(frame);
         frame->setFrameCenter(nullptr);
     }
 }

@@ -5,12 +5,16 @@
 #include <VorFrames/FrameSegment.h>
 
 #include "Preconditions.h"
+#include "VORFrames/GeometricReach.h"
 
 #include <VorConjoin/VorConjoin.h>
 #include <VorFrames/ControlFrame.h>
 #include <VorFrames/ControlSegment.h>
 #include <VorFrames/ControlSkeleton.h>
 #include <VorFrames/FrameCenter.h>
+
+#include <algorithm>
+#include <vector>
 
 namespace VorSystem
 {
@@ -19,29 +23,6 @@ namespace
 {
 
 constexpr char kSourceUnit[] = R"(src\Frames\VORFrames)";
-
-// The vector at which a move of the frame's side ends: the same side of the neighbouring frame, or the end of
-// the walk.
-CDbPointVOR *boundOf(const ControlSkeleton &skeleton, CDbPointVOR *vector, bool forward, short side)
-{
-    CDbPointVOR *found = nullptr;
-    CDbPointVOR *last = nullptr;
-    const ControlFrame *const neighbor = skeleton.getControlFrameNeighbor(vector, forward, &found, &last);
-    return neighbor == nullptr ? last : neighbor->getVectorContour(side);
-}
-
-// Does the control object hold a vector strictly after start and before end? A contour that does not lead
-// from one to the other ends the walk; start equal to end means once round.
-bool holdsVectorBetween(ControlBase &control, CDbPointVOR *start, const CDbPointVOR *end)
-{
-    if (start == nullptr || end == nullptr)
-        return false;
-    for (CDbPointVOR *v = start->mNextVector; v != nullptr && v != end && v != start; v = v->mNextVector) {
-        if (control.containsVector(v))
-            return true;
-    }
-    return false;
-}
 
 } // namespace
 
@@ -54,23 +35,15 @@ bool FrameFrame::influenceGeometrically(BaseFrame *other)
 
     ControlFrame *const control = controlFrameCorresponding();
     VOR_REQUIRE(control != nullptr);
-    const ControlSkeleton *const skeleton = control->getSkeleton();
-    VOR_REQUIRE(skeleton != nullptr);
+    VOR_REQUIRE(control->getSkeleton() != nullptr);
     VOR_REQUIRE(mFrameCenter != nullptr);
-    ControlBase *const touched = other->objectControlCorresponding();
+    const std::vector<CDbPointVOR *> reach = reachOfFrame(*this, *control);
 
-    const FrameCenter::eCharacteristicType characteristic = mFrameCenter->Caracteristique();
-    const bool twoSided = characteristic == FrameCenter::Characteristic_TwoSides ||
-                          characteristic == FrameCenter::Characteristic_TwoSidesDoubled;
-    const short sides = twoSided && control->getVectorContour(2) != nullptr ? 2 : 1;
-    for (short side = 1; side <= sides; ++side) {
-        CDbPointVOR *const vector = control->getVectorContour(side);
-        CDbPointVOR *const start = boundOf(*skeleton, vector, false, side);
-        CDbPointVOR *const end = boundOf(*skeleton, vector, true, side);
-        if (touched != nullptr && holdsVectorBetween(*touched, start, end))
-            return true;
-    }
-    return false;
+    // Links, specs and charts count as defined without a place on a piece: they hold no vector.
+    ControlBase *const touched = other->objectControlCorresponding();
+    return touched != nullptr && std::any_of(reach.begin(), reach.end(), [touched](CDbPointVOR *vector) {
+               return touched->containsVector(vector);
+           });
 }
 
 bool FrameSegment::influenceGeometrically(BaseFrame *other)
@@ -87,7 +60,6 @@ bool FrameSegment::influenceGeometrically(BaseFrame *other)
     VOR_REQUIRE(group != nullptr);
     GabaritObject *const gabarit = gabaritCorrespondent();
     VOR_REQUIRE(gabarit != nullptr);
-    // Links, specs and charts count as defined without a place on a piece: they hold no vector.
     ControlBase *const touched = other->objectControlCorresponding();
     if (touched == nullptr)
         return false;

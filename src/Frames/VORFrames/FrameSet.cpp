@@ -83,6 +83,29 @@ void reorder(QListEx<Element *> &elements, const QListEx<int> &order)
     }
 }
 
+// The links that the frames say they belong to.
+QSet<FrameLink *> linksOf(const QListEx<FrameFrame *> &frames)
+{
+    QSet<FrameLink *> links;
+    for (FrameFrame *frame : frames) {
+        if (FrameLink *const link = frame->getLink())
+            links.insert(link);
+    }
+    return links;
+}
+
+template<class Element>
+QListEx<Element *> without(const QListEx<Element *> &elements, const QListEx<Element *> &leaving)
+{
+    const QSet<Element *> gone(leaving.cbegin(), leaving.cend());
+    QListEx<Element *> staying;
+    for (Element *element : elements) {
+        if (!gone.contains(element))
+            staying.append(element);
+    }
+    return staying;
+}
+
 // Empties the list and deletes its elements, first to last, each once however often it is listed. The
 // elements no longer look for themselves in the list, so that the whole costs one step each.
 template<class Element>
@@ -111,6 +134,10 @@ FrameSet::~FrameSet()
     for (FrameLink *link : qAsConst(mFrameLinks))
         link->unlinkFrames(controls);
     deleteAll(mFrameLinks);
+    // Links that were taken off the list belong to their holders, who may delete them later.
+    const QSet<FrameLink *> links = linksOf(mFrames);
+    for (FrameLink *link : links)
+        link->mFrames = without(link->mFrames, mFrames);
     // The centers go right after their frames, so that no frame needs to look for itself in one.
     for (FrameCenter *center : qAsConst(mFrameCenters)) {
         center->mFrames.clear();

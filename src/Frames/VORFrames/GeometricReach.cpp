@@ -43,10 +43,10 @@ std::vector<CDbPointVOR *> reachOfFrame(const FrameFrame &frame, const ControlFr
 
         // An end on another contour is never met: the walk then stops where it began. Start equal to end
         // means once round.
-        CDbPointVOR *vector = start->gabaritNeighborContourVector(true);
+        CDbPointVOR *vector = start->mNextVector;
         while (vector != nullptr && vector != end && vector != start) {
             reach.push_back(vector);
-            vector = vector->gabaritNeighborContourVector(true);
+            vector = vector->mNextVector;
         }
     }
     return reach;

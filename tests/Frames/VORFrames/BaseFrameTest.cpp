@@ -29,6 +29,11 @@ std::ptrdiff_t slot(Member member)
     return (words[0] - 1) / static_cast<std::ptrdiff_t>(sizeof(void *));
 }
 
+// Shows the protected operation, which stands last.
+struct Opened : BaseFrame {
+    using BaseFrame::skeletonElementPointedAtUs;
+};
+
 TEST(BaseFrameInterface, virtualOperationsStandInTheOrderHostsWereBuiltAgainst)
 {
     using B = BaseFrame;
@@ -84,6 +89,7 @@ TEST(BaseFrameInterface, virtualOperationsStandInTheOrderHostsWereBuiltAgainst)
         slot(&B::addReferencesImplicitInLevelList) - 2,
         slot(&B::containsImplicitReferences) - 2,
         slot(&B::influenceGeometrically) - 2,
+        slot(&Opened::skeletonElementPointedAtUs) - 2,
     };
     for (std::size_t i = 0; i < std::size(slots); ++i)
         EXPECT_EQ(slots[i], static_cast<std::ptrdiff_t>(i)) << "operation " << i;
@@ -279,6 +285,22 @@ TEST(ControlObjects, ofTwoPiecesTheFirstOfThePlanAnswers)
     EXPECT_EQ(frame->objectControlCorrespondingOfGroup(group), control);
 }
 
+TEST(ControlObjects, withoutASkeletonAreAnErrorForWhoeverAsksForThePiece)
+{
+    class Placed : public Stranger
+    {
+    public:
+        ControlBase *objectControlCorresponding() override { return &mLoose; }
+
+    private:
+        ControlBase mLoose{nullptr, nullptr, nullptr, true};
+    } element;
+    EXPECT_TRUE(element.isDefinedInDocument());
+    EXPECT_THROW(element.groupCorrespondent(), AssertionError);
+    EXPECT_THROW(element.gabaritCorrespondent(), AssertionError);
+    EXPECT_THROW(element.isInGroupSelects(), AssertionError);
+}
+
 // --- Circles of references ---
 
 // A set of elements named A, B ... on one center; formulas are texts.
@@ -453,6 +475,53 @@ TEST_F(Recursion, anElementThatIsMentionedTellsItsHolder)
     EXPECT_TRUE(b->aFormulaWhichStates(a));
     EXPECT_FALSE(a->aFormulaWhichStates(b));
     EXPECT_FALSE(a->isMentionedByElementDefined()); // B is not defined
+}
+
+TEST_F(Recursion, aMentionMayStandInEachOfTheThreeFormulas)
+{
+    FrameFrame *const a = frame("A");
+    FrameFrame *const b = frame("B");
+    FrameSpec *const spec = set->newSpec(name("P"));
+    EXPECT_FALSE(b->aFormulaWhichStates(a) || spec->aFormulaWhichStates(a));
+    b->setFormulaMeasurement(formula("Level(C:A)", set));
+    spec->setFormulaSpec(formula("Measure(C:A)", set));
+    EXPECT_TRUE(b->aFormulaWhichStates(a));
+    EXPECT_TRUE(spec->aFormulaWhichStates(a));
+    b->setFormulaMeasurement(nullptr);
+    b->setFormulaLevel(formula("Measure(C:A)", set));
+    EXPECT_TRUE(b->aFormulaWhichStates(a));
+}
+
+TEST_F(Recursion, aFormulaWithAnEmptyTreeIsNotRebound)
+{
+    FrameFrame *const a = frame("A");
+    for (TreeEquations *empty : {new TreeEquations, new TreeEquations}) {
+        delete empty->root;
+        empty->root = nullptr;
+        if (a->measurementFormula() == nullptr)
+            a->setFormulaMeasurement(empty);
+        else
+            a->setFormulaLevel(empty);
+    }
+    a->adapterFormulaInSet(set);
+    EXPECT_NE(a->measurementFormula(), nullptr);
+    EXPECT_NE(a->formulaLevel(), nullptr);
+}
+
+TEST_F(Recursion, aCopyPointsAtTheSameSetNeighboursAndFormulas)
+{
+    const FrameCenter copiedCenter(*center);
+    EXPECT_EQ(copiedCenter.name(), name("C"));
+    EXPECT_EQ(copiedCenter.getFrameSet(), set);
+    FrameFrame *const a = frame("A");
+    a->setFormulaLevel(formula("1", set));
+    FrameFrame assigned(name("X"));
+    assigned = *a;
+    EXPECT_EQ(assigned.fullName(), name("C:A"));
+    EXPECT_EQ(assigned.getFrameCenter(), center);
+    EXPECT_EQ(assigned.formulaLevel(), a->formulaLevel());
+    assigned.forgetFormulas(); // or they would be deleted twice
+    assigned.setFrameCenter(nullptr);
 }
 
 TEST_F(Recursion, formulasAreBoundToTheLikeNamedElementsOfAnotherSetOrDropped)

@@ -116,6 +116,17 @@ TEST(CenterOnAPiece, theFirstDefinedFrameBecomesTheOriginAndLevelsAreStoredAnew)
     EXPECT_NEAR(b->getLevel(-1), 0.0, 1e-9);
 }
 
+TEST(CenterOnAPiece, withoutASetItCannotReevaluateIt)
+{
+    support::RectangleUnderControl piece;
+    FrameFrame *const a = piece.chord("A", 1)->getFrameFrame();
+    FrameCenter lonely(name("L"));
+    lonely.addFrame(a, -1); // the frame itself still stands on its own center
+    EXPECT_THROW(lonely.adjustNewLevelZero(true), AssertionError);
+    lonely.adjustNewLevelZero(false);
+    EXPECT_EQ(lonely.getFrameLevelZero(), a);
+}
+
 TEST_F(Centers, refuseToDieWithFrames)
 {
     EXPECT_TRUE(center->canBeDestroyed(true));
@@ -159,6 +170,29 @@ TEST_F(Centers, aFrameLostByARepeatedPlaceLosesItsCenter)
     EXPECT_EQ(names(center->getFrames()), "C:A C:A");
     EXPECT_EQ(names(set->getFrames()), "C:A C:A");
     EXPECT_EQ(lost->getFrameCenter(), nullptr);
+    delete lost;
+}
+
+TEST_F(Centers, aFrameLostByARepeatedPlaceLeavesItsLink)
+{
+    frame("A");
+    FrameFrame *const lost = frame("B");
+    FrameLink *const link = set->newLink(name("L"));
+    link->linkFrame(lost);
+    center->ChangeFrameFrames({0, 0});
+    EXPECT_EQ(lost->getLink(), nullptr);
+    EXPECT_TRUE(link->getFrames().isEmpty());
+    delete lost;
+}
+
+TEST_F(Centers, aRepeatedFrameLeavesWhole)
+{
+    FrameFrame *const a = frame("A");
+    FrameFrame *const lost = frame("B");
+    center->ChangeFrameFrames({0, 0});
+    delete a;
+    EXPECT_TRUE(center->getFrames().isEmpty());
+    EXPECT_TRUE(set->getFrames().isEmpty());
     delete lost;
 }
 

@@ -361,6 +361,47 @@ TEST_F(FramesOnAPiece, aLevelAtOrPastANeighbourIsRefusedInAnySize)
     EXPECT_FALSE(refused);
 }
 
+TEST_F(FramesOnAPiece, aNeighbourThatWasNeverEvaluatedStandsAtZero)
+{
+    testing::FLAGS_gtest_death_test_style = "fast";
+    QListEx<double> levels = mid()->getLevelBySizes()->mValues;
+    low()->getLevelBySizes()->mValues.clear();
+    EXPECT_TRUE(mid()->applyValues(nullptr, &levels, nullptr));
+    levels[2] = 0.0;
+    EXPECT_FALSE(mid()->applyValues(nullptr, &levels, nullptr));
+    EXPECT_EQ(application.mMessages, QStringList{name(kPassesNeighbour)});
+    *low()->getLevelBySizes() = support::sizes({0}, 0); // too short is another matter
+    levels[2] = levels.at(1);
+    EXPECT_DEATH(mid()->applyValues(nullptr, &levels, nullptr), "at: index 1 is outside a list of size 1");
+}
+
+TEST_F(FramesOnAPiece, aLevelThatCountsAsZeroPassesNoTest)
+{
+    const double zero = 0.00001; // where the origin stands
+    bool refused = false;
+    mid()->applyValues(nullptr, &zero, &refused);
+    EXPECT_TRUE(mid()->isLevelZero());
+    EXPECT_FALSE(refused);
+    EXPECT_FALSE(application.mMessages.contains(name(kPassesNeighbour)));
+}
+
+TEST_F(FramesOnAPiece, theSecondSideCountsWhereBothSidesMove)
+{
+    ControlSegment *const left =
+        piece.segment("Left", piece.left(4), piece.left(2), FrameSegment::Displace_AlongY);
+    mid()->setFormulaLevel(formula("20", piece.set()));
+    const struct {
+        FrameCenter::eCharacteristicType characteristic;
+        bool moves;
+    } rows[] = {{FrameCenter::Characteristic_OneSideDoubled, false},
+                {FrameCenter::Characteristic_TwoSides, true},
+                {FrameCenter::Characteristic_TwoSidesDoubled, true}};
+    for (const auto &row : rows) {
+        piece.frameCenter()->setCharacteristic(row.characteristic);
+        EXPECT_EQ(mid()->influenceGeometrically(left->getFrameSegment()), row.moves) << row.characteristic;
+    }
+}
+
 TEST_F(FramesOnAPiece, obeyAMeasureAndALevelForTheNestAlone)
 {
     const double measure = 44.0;

@@ -70,6 +70,20 @@ TEST_F(Sets, aFramesNameIsUniqueWithinItsCenterOnly)
     EXPECT_EQ(names(set->getFrames()), "C1:A C2:a");
 }
 
+TEST_F(Sets, aFramesNameIsAskedForByTheComposedName)
+{
+    FrameCenter *const first = set->newCenter(name("C"));
+    auto *const twin = new FrameCenter(name("c"));
+    set->addCenter(twin, -1);
+    frame(first, "A");
+    EXPECT_EQ(frame(twin, "A"), nullptr); // the first center of the name decides
+    EXPECT_NE(frame(twin, "B"), nullptr);
+    EXPECT_NE(frame(twin, "B"), nullptr); // and knows nothing of the frames of its twin
+    FrameCenter *const colon = set->newCenter(name("D:E"));
+    EXPECT_NE(frame(colon, "A"), nullptr);
+    EXPECT_NE(frame(colon, "A"), nullptr); // sought as a frame of a center D
+}
+
 TEST_F(Sets, aNewFrameReachesItsSetThroughItsCenterAlone)
 {
     FrameCenter *const center = set->newCenter(name("C"));
@@ -107,6 +121,36 @@ TEST_F(Sets, anElementIsTakenOverFromItsOldSet)
     EXPECT_TRUE(set->getFrameLinks().isEmpty());
     EXPECT_EQ(names(other->getFrameLinks()), "L M");
     EXPECT_EQ(link->getFrameSet(), other);
+}
+
+TEST_F(Sets, everyKindIsTakenOverAtItsPlace)
+{
+    FrameSet *const other = document.newSet("Other");
+    FrameCenter *const center = set->newCenter(name("C"));
+    FrameFrame *const moved = frame(center, "A");
+    FrameSegment *const segment = set->newSegment(name("S"));
+    FrameSpec *const spec = set->newSpec(name("P"));
+    FrameMeasurementChart *const chart = set->newMeasurementChart(name("H"));
+    other->newFrame(name("B"), other->newCenter(name("D")));
+    other->newSegment(name("T"));
+    other->newSpec(name("Q"));
+    other->newMeasurementChart(name("I"));
+
+    other->addFrame(moved, 0); // as long as its center still stands in the old set
+    other->addCenter(center, 0);
+    other->addSegment(segment, 0);
+    other->addSpec(spec, 0);
+    other->addMeasurementChart(chart, 0);
+    EXPECT_EQ(names(other->getFrameCenters()), "C D");
+    EXPECT_EQ(names(other->getFrames()), "C:A D:B");
+    EXPECT_EQ(names(other->getFrameSegments()), "S T");
+    EXPECT_EQ(names(other->getFrameSpecs()), "P Q");
+    EXPECT_EQ(names(other->getFrameMeasurementCharts()), "H I");
+    EXPECT_TRUE(set->getFrameCenters().isEmpty() && set->getFrames().isEmpty() &&
+                set->getFrameSegments().isEmpty() && set->getFrameSpecs().isEmpty() &&
+                set->getFrameMeasurementCharts().isEmpty());
+    for (BaseFrame *element : std::initializer_list<BaseFrame *>{center, moved, segment, spec, chart})
+        EXPECT_EQ(element->getFrameSet(), other);
 }
 
 TEST_F(Sets, enteringTestsNoName)
@@ -397,6 +441,58 @@ TEST_F(Sets, linksDieBeforeTheirFramesAndFramesBeforeTheirCenters)
     link->linkFrame(frame(center, "B"));
     delete set;
     SUCCEED();
+}
+
+// An element that tells when it dies.
+template<class Element>
+class Mortal : public Element
+{
+public:
+    Mortal(const char *text, QStringList &deaths) : Element(name(text)), mDeaths(deaths) {}
+    ~Mortal() override { mDeaths << this->name(); }
+
+private:
+    QStringList &mDeaths;
+};
+
+TEST_F(Sets, theKindsDieInAFixedOrder)
+{
+    QStringList deaths;
+    auto *const center = new Mortal<FrameCenter>("center", deaths);
+    auto *const frame = new Mortal<FrameFrame>("frame", deaths);
+    set->addMeasurementChart(new Mortal<FrameMeasurementChart>("chart", deaths), -1);
+    set->addSpec(new Mortal<FrameSpec>("spec", deaths), -1);
+    set->addSegment(new Mortal<FrameSegment>("segment", deaths), -1);
+    set->addCenter(center, -1);
+    frame->addFrameCenter(center, -1);
+    set->addFrame(frame, -1);
+    set->addLink(new Mortal<FrameLink>("link", deaths), -1);
+    delete set;
+    EXPECT_EQ(deaths.join(QLatin1Char(' ')), name("link frame center segment spec chart"));
+}
+
+TEST_F(Sets, aLinkTakenOffItsListMayBeDeletedBeforeOrAfterTheSet)
+{
+    FrameCenter *const center = set->newCenter(name("C"));
+    FrameLink *const before = set->newLink(name("K"));
+    FrameLink *const after = set->newLink(name("L"));
+    FrameLink *const lost = set->newLink(name("M"));
+    FrameFrame *const freed = frame(center, "A");
+    before->linkFrame(freed);
+    after->linkFrame(frame(center, "B"));
+    lost->linkFrame(frame(center, "D"));
+    set->removeLink(before);
+    set->removeLink(after);
+    set->newLink(name("N"));
+    set->ChangeFrameLinks({1, 1});
+    EXPECT_EQ(names(after->getFrames()), "C:B"); // it keeps its frames
+    delete before;
+    EXPECT_EQ(freed->getLink(), nullptr);
+    delete set;
+    EXPECT_TRUE(after->getFrames().isEmpty());
+    EXPECT_TRUE(lost->getFrames().isEmpty());
+    delete after;
+    delete lost;
 }
 
 TEST_F(Sets, aCenterMovedToAnotherSetLeavesItsFramesBehind)

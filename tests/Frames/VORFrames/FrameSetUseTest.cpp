@@ -51,6 +51,30 @@ TEST_F(Use, oneUndefinedElementMakesASetOnlyPartlyDefined)
               QStringList{name("Cannot delete this set because some of its elements are still defined.")});
 }
 
+TEST_F(Use, anUndefinedElementOfAnyKindLeavesTheSetOnlyPartlyDefined)
+{
+    const auto isWhollyDefinedWithout = [this](BaseFrame *element) {
+        const bool wholly = set->isDefinedInDocument();
+        delete element;
+        return wholly;
+    };
+    EXPECT_FALSE(isWhollyDefinedWithout(set->newCenter(name("C"))));
+    EXPECT_FALSE(isWhollyDefinedWithout(set->newSegment(name("S"))));
+    EXPECT_FALSE(isWhollyDefinedWithout(undefined("U")));
+    EXPECT_TRUE(isWhollyDefinedWithout(set->newLink(name("L"))));
+    EXPECT_TRUE(isWhollyDefinedWithout(set->newSpec(name("P"))));
+    FrameMeasurementChart *const chart = set->newMeasurementChart(name("H"));
+    EXPECT_TRUE(set->isDefinedInDocument());
+    EXPECT_TRUE(set->containsMeasurementChartDefined());
+    EXPECT_FALSE(set->containsSpecDefined());
+    FrameFrame *const u = undefined("U");
+    chart->setFormulaMeasurementChart(formula("Measure(Center:U)", set));
+    EXPECT_FALSE(set->containsMeasurementChartDefined());
+    delete chart;
+    delete u;
+    EXPECT_TRUE(set->isDefinedInDocument());
+}
+
 TEST_F(Use, withoutADocumentEmptyLinksAndFreeSpecsAreStillDefined)
 {
     FrameSet lonely(name("E"), nullptr);
@@ -98,6 +122,26 @@ TEST_F(Use, onlyDefinedHoldersCountAndChartsNever)
     EXPECT_FALSE(u->canBeDestroyedInBatch());
 }
 
+TEST_F(Use, definedSegmentsLinksAndSpecsMentionToo)
+{
+    FrameFrame *const u = undefined("U");
+    EXPECT_FALSE(set->elementsMentionedByElementDefined(u));
+    FrameLink *const link = set->newLink(name("L")); // an empty link is defined
+    link->setFormulaLevel(formula("Level(Center:U)", set));
+    EXPECT_TRUE(set->elementsMentionedByElementDefined(u));
+    link->setFormulaLevel(nullptr);
+    FrameSegment *const segment =
+        piece.segment("S", piece.right(0), piece.right(1), FrameSegment::Displace_AlongY)->getFrameSegment();
+    segment->rememberFormula(formula("Measure(Center:U)", set));
+    EXPECT_TRUE(set->elementsMentionedByElementDefined(u));
+    segment->setFormulaMeasurement(nullptr);
+    FrameSpec *const spec = set->newSpec(name("P"));
+    spec->setFormulaSpec(formula("Measure(Center:U)", set));
+    EXPECT_FALSE(set->elementsMentionedByElementDefined(u)); // a spec over U is as undefined as U
+    spec->setFormulaSpec(formula("Measure(Center:Defined)", set));
+    EXPECT_TRUE(set->elementsMentionedByElementDefined(defined));
+}
+
 TEST_F(Use, rebindingASetDropsWhatItDoesNotHold)
 {
     FrameFrame *const u = undefined("U");
@@ -111,7 +155,11 @@ TEST_F(Use, rebindingASetDropsWhatItDoesNotHold)
     FrameSpec *const spec = set->newSpec(name("P"));
     spec->setFormulaSpec(formula("Measure(Center:U)", set));
     spec->formulaSpec()->root->element = &foreign;
+    FrameSegment *const segment = set->newSegment(name("S"));
+    segment->rememberFormula(formula("Measure(Center:U)", set));
+    segment->measurementFormula()->root->element = &foreign;
     set->adapterFormulaInSet();
+    EXPECT_EQ(segment->measurementFormula(), nullptr);
     EXPECT_EQ(u->measurementFormula(), nullptr); // as a whole, though its first name resolved
     EXPECT_NE(u->formulaLevel(), nullptr);
     EXPECT_EQ(link->measurementFormula(), nullptr);
@@ -160,6 +208,17 @@ TEST_F(Use, aFrameThatADefinedElementMentionsStays)
     set->destroyFramesUndefined();
     EXPECT_EQ(names(set->getFrames()), "Center:Defined Center:U");
     EXPECT_TRUE(set->removedFormulas().isEmpty());
+}
+
+TEST_F(Use, aSegmentThatADefinedElementMentionsStaysAndAChartOverAnUndefinedElementGoes)
+{
+    set->newSegment(name("S"));
+    set->newSegment(name("T"));
+    defined->setFormulaMeasurement(formula("Measure(S)", set));
+    set->newMeasurementChart(name("H"))->setFormulaMeasurementChart(formula("Measure(S)", set));
+    set->destroyFramesUndefined();
+    EXPECT_EQ(names(set->getFrameSegments()), "S");
+    EXPECT_TRUE(set->getFrameMeasurementCharts().isEmpty());
 }
 
 TEST_F(Use, formulasThatStayLetGoOfWhatIsDeleted)

@@ -136,6 +136,36 @@ TEST_F(Managers, aCopyPointsAtTheSameSets)
     assigned.removeFrameSet(a);
 }
 
+// A set that tells, when it dies, whether it still has a manager and how many sets its owner then lists.
+class MortalSet : public FrameSet
+{
+public:
+    MortalSet(const char *text, GestFrames *manager, QStringList &deaths)
+        : FrameSet(support::name(text), manager), mOwner(*manager), mDeaths(deaths)
+    {
+    }
+    ~MortalSet() override
+    {
+        mDeaths << QStringLiteral("%1 %2 %3")
+                       .arg(name(), QLatin1String(getGestFrames() == nullptr ? "free" : "bound"),
+                            QString::number(mOwner.numberOfFrameSets()));
+    }
+
+private:
+    GestFrames &mOwner;
+    QStringList &mDeaths;
+};
+
+TEST(DyingManagers, letTheirSetsGoOneByOneBeforeTheyDeleteThem)
+{
+    QStringList deaths;
+    auto *const manager = new GestFrames;
+    manager->addFrameSet(new MortalSet("A", manager, deaths), -1);
+    manager->addFrameSet(new MortalSet("B", manager, deaths), -1);
+    delete manager;
+    EXPECT_EQ(deaths, (QStringList{name("A free 1"), name("B free 0")}));
+}
+
 TEST_F(Managers, clearingOutDeletesSetsWithoutAnythingDefined)
 {
     add("Empty");
@@ -174,7 +204,15 @@ TEST_F(Managers, adjustsEverySetToTheSizesOfTheDocument)
     FrameFrame *const frame = set->newFrame(name("A"), set->newCenter(name("C")));
     *frame->getMeasureBySizes() = support::sizes({5}, 0);
     FrameSpec *const spec = set->newSpec(name("P"));
+    FrameLink *const link = set->newLink(name("L"));
+    *link->getLevelBySizes() = support::sizes({1, 2}, 1);
+    *set->newSegment(name("S"))->getMeasureBySizes() = support::sizes({7}, 0);
+    *set->newMeasurementChart(name("H"))->getMeasureBySizes() = support::sizes({9, 8, 7, 6}, 1);
     document.manager().adjustFrameSetsANest();
+    EXPECT_EQ(support::text(*link->getMeasureBySizes()), "0 [0] 0");
+    EXPECT_EQ(support::text(*link->getLevelBySizes()), "1 [2] 2");
+    EXPECT_EQ(support::text(*set->getFrameSegments().first()->getMeasureBySizes()), "7 [7] 7");
+    EXPECT_EQ(support::text(*set->getFrameMeasurementCharts().first()->getMeasureBySizes()), "9 [8] 7");
     EXPECT_EQ(support::text(*frame->getMeasureBySizes()), "5 [5] 5");
     EXPECT_EQ(support::text(*frame->getLevelBySizes()), "0 [0] 0");
     EXPECT_EQ(support::text(*spec->getMeasureBySizes()), "0 [0] 0");

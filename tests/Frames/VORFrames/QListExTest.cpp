@@ -65,6 +65,32 @@ TEST(QListEx, whatTheBaseReturnsIsTakenAsAnOwnCopy)
     EXPECT_FALSE(all.isSharedWith(source));
 }
 
+TEST(QListEx, anEmptyListThatTakesAWholeListSharesNothing)
+{
+    const QListEx<double> source = kThree;
+    QListEx<double> appended;
+    appended.append(source);
+    QListEx<double> added;
+    added += source;
+    QListEx<double> streamed;
+    streamed << source << 16.0;
+    for (const QListEx<double> *list : {&appended, &added, &streamed})
+        EXPECT_FALSE(list->isSharedWith(source));
+    EXPECT_EQ(appended, source);
+    EXPECT_EQ((added += 16.0), streamed);
+}
+
+TEST(QListEx, hasTheWholeInterfaceOfItsBase)
+{
+    QListEx<double> list(kThree.cbegin(), kThree.cend());
+    list.insert(list.begin() + 1, 11.0);
+    QListEx<double> other{1.0};
+    other.swap(list);
+    other.append({16.0, 18.0});
+    EXPECT_EQ(list, (QListEx<double>{1.0}));
+    EXPECT_EQ(other, (QListEx<double>{10.0, 11.0, 12.0, 14.0, 16.0, 18.0}));
+}
+
 TEST(QListEx, movingTakesTheValuesAndLeavesNothingBehind)
 {
     QListEx<double> source = kThree;
@@ -121,6 +147,7 @@ TEST(QListExDeath, anIndexOutsideTheListEndsTheProgramWithOperationIndexAndSize)
     EXPECT_DEATH(list.takeAt(-1), "takeAt: index -1");
     EXPECT_DEATH(list.move(0, 2), "move: index 2");
     EXPECT_DEATH(list.swapItemsAt(2, 0), "swapItemsAt: index 2");
+    EXPECT_DEATH(list.swap(0, 2), "swapItemsAt: index 2");
 }
 
 TEST(QListExDeath, theEndsOfAnEmptyListEndTheProgram)
