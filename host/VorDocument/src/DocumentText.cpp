@@ -15,8 +15,6 @@
 #include <VorFrames/GestFrames.h>
 #include <VorJson/VorJson.h>
 
-#include <QJsonDocument>
-
 #include <limits>
 
 namespace VorSystem
@@ -158,11 +156,6 @@ void readInto(const JsonPlace &stored, PatternDocument &document, QStringList &d
     });
 }
 
-QString lineOf(const QByteArray &text, int offset)
-{
-    return QString::number(text.left(offset).count('\n') + 1);
-}
-
 // What was read earlier and could not be kept is lost again; anything more would be lost by saving.
 int lostParts(const PatternDocument &document)
 {
@@ -196,19 +189,12 @@ QByteArray documentToText(const PatternDocument &document, DocumentReport *repor
 bool documentFromText(const QByteArray &text, PatternDocument &document, DocumentReport *report)
 {
     DocumentReport told;
-    QJsonParseError problem;
-    const QJsonDocument json = QJsonDocument::fromJson(text, &problem);
-    PatternDocument fresh;
-    if (problem.error != QJsonParseError::NoError) {
-        told.error = QStringLiteral("Line %1: %2.").arg(lineOf(text, problem.offset), problem.errorString());
-    } else {
-        try {
-            readInto(JsonPlace(json.isArray() ? QJsonValue(json.array()) : QJsonValue(json.object())), fresh,
-                     told.dropped);
-            document.swap(fresh);
-        } catch (const JsonFault &fault) {
-            told = {QString::fromUtf8(fault.what()), {}};
-        }
+    try {
+        PatternDocument fresh;
+        readInto(JsonPlace(parsedJson(text)), fresh, told.dropped);
+        document.swap(fresh);
+    } catch (const JsonFault &fault) {
+        told = {QString::fromUtf8(fault.what()), {}};
     }
     if (report)
         *report = told;

@@ -1,12 +1,30 @@
 // Reading JSON with the path of what is read.
 
 #include "JsonPlace.h"
+#include "RepeatedKey.h"
+
+#include <QJsonDocument>
 
 #include <algorithm>
 #include <cmath>
 
 namespace VorSystem
 {
+
+QJsonValue parsedJson(const QByteArray &text)
+{
+    const QByteArray twice = repeatedKey(text);
+    if (!twice.isEmpty())
+        throw JsonFault("The key " + twice.toStdString() + " stands twice in one object.");
+    QJsonParseError problem;
+    const QJsonDocument json = QJsonDocument::fromJson(text, &problem);
+    if (problem.error != QJsonParseError::NoError) {
+        const int line = text.left(problem.offset).count('\n') + 1;
+        throw JsonFault(
+            QStringLiteral("Line %1: %2.").arg(QString::number(line), problem.errorString()).toStdString());
+    }
+    return json.isArray() ? QJsonValue(json.array()) : QJsonValue(json.object());
+}
 
 void JsonPlace::fail(const char *fault) const
 {

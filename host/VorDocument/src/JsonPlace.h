@@ -18,6 +18,10 @@ struct JsonFault : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// The value of a JSON text. Raises JsonFault, with the line, for a text that is none and for a key that
+/// stands twice in one object.
+QJsonValue parsedJson(const QByteArray &text);
+
 /// A value and where it stands. All readers raise JsonFault for another type.
 class JsonPlace
 {

@@ -7,8 +7,6 @@
 #include <VorDocument/PatternDocument.h>
 #include <VorDocument/PieceDraft.h>
 
-#include <QJsonDocument>
-
 namespace VorSystem
 {
 
@@ -114,18 +112,12 @@ private:
 bool importNest(const QByteArray &text, PatternDocument &document, DocumentReport *report)
 {
     QString error;
-    QJsonParseError problem;
-    const QJsonDocument json = QJsonDocument::fromJson(text, &problem);
-    if (problem.error != QJsonParseError::NoError) {
-        error = problem.errorString();
-    } else {
-        try {
-            PatternDocument fresh;
-            NestReader(JsonPlace(json.object()), fresh).read();
-            document.swap(fresh);
-        } catch (const JsonFault &fault) {
-            error = QString::fromUtf8(fault.what());
-        }
+    try {
+        PatternDocument fresh;
+        NestReader(JsonPlace(parsedJson(text)), fresh).read();
+        document.swap(fresh);
+    } catch (const JsonFault &fault) {
+        error = QString::fromUtf8(fault.what());
     }
     if (report)
         *report = {error, {}};
