@@ -299,8 +299,8 @@ bool FrameLink::adjustFramesSameLevel(eFrameReevaluate mode)
             return false;
         common.mValues.append(level);
     }
-    if (mode != Reevaluate_Apply)
-        return true;
+    if (mode != Reevaluate_Apply || common.mValues.isEmpty())
+        return true; // a link that was never evaluated has no level to bring its frames to
 
     const GradationData *const gradation = gradationOf(document());
     const QListEx<FrameFrame *> frames = mFrames;

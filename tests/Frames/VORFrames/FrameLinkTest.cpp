@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace VorSystem;
 using support::formula;
 using support::name;
@@ -359,7 +361,9 @@ TEST_F(LinksOnAPiece, areDefinedWhileTheFlagsOfTheirFramesAreSet)
     EXPECT_EQ(totals(), "74.00 76.00 78.00 [80.00] 82.00 84.00 86.00");
     EXPECT_TRUE(link->isDefinedInDocument() && link->framesAreDefined());
     EXPECT_TRUE(a->isInFrameLink());
+    EXPECT_FALSE(link->canBeDestroyedInBatch());
     link->transformerLinkUndefined();
+    EXPECT_TRUE(link->canBeDestroyedInBatch());
     EXPECT_FALSE(link->isDefinedInDocument());
     EXPECT_TRUE(link->framesAreDefined());
     EXPECT_EQ(link->getFrames().count(), 2);
@@ -509,13 +513,90 @@ TEST_F(LinksOnAPiece, aProposedLevelMustStayBetweenTheNeighboursOfEveryFrame)
     static_cast<void>(between);
 }
 
-TEST_F(LinksOnAPiece, framesAreBroughtToTheLinksLevelInModeOne)
+TEST_F(LinksOnAPiece, aLevelThatIsNoNumberIsRefusedByTheNeighbourBelowAlone)
 {
-    EXPECT_TRUE(link->adjustFramesSameLevel(Reevaluate_Store));
-    EXPECT_NEAR(a->getLevel(-1), 20.0, 1e-6);
-    EXPECT_TRUE(link->adjustFramesSameLevel(Reevaluate_Apply)); // results are not asked for
+    QListEx<double> levels = link->getLevelBySizes()->mValues;
+    levels[3] = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_FALSE(link->testLevelsProposed(levels));
+    link->unlinkFrames();
+    ControlFrame *const level = piece.chord("Level", 1); // as high as the origin: neighbours above only
+    link->linkFrame(level->getFrameFrame());
+    link->reevaluate(Reevaluate_Store);
+    levels = link->getLevelBySizes()->mValues;
+    levels[3] = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_TRUE(link->testLevelsProposed(levels));
+}
+
+TEST_F(LinksOnAPiece, levelZeroMakesEachFrameTheOriginOfItsCenterAndTakesTheMeasureAlong)
+{
+    link->removeFrame(b->getFrameFrame());
+    link->reevaluate(Reevaluate_Store);
+    const double measure = 42.0;
+    const double zero = 0.0;
+    EXPECT_TRUE(link->applyValues(&measure, &zero, nullptr));
+    EXPECT_EQ(piece.frameCenter()->getFrameLevelZero(), a->getFrameFrame());
+    EXPECT_NEAR(a->getMeasures(-1), 42.0, 1e-4);
+    EXPECT_EQ(link->getLevel(-1), 0.0);
+    EXPECT_NEAR(link->getMeasures(-1), 42.0, 1e-4);
+}
+
+TEST_F(LinksOnAPiece, levelZeroIsNotRolledBackWhereTheFramesCannotAllStandThere)
+{
+    const double zero = 0.0;
+    EXPECT_FALSE(link->applyValues(static_cast<const double *>(nullptr), &zero, nullptr));
+    EXPECT_EQ(piece.frameCenter()->getFrameLevelZero(), b->getFrameFrame()); // the last of them
+}
+
+TEST_F(LinksOnAPiece, formulasOfItsOwnHandMeasuresAndLevelsOut)
+{
+    ValuesAccordingSizes measures = support::plus(*link->getMeasureBySizes(), 4.0);
+    ValuesAccordingSizes levels = support::plus(*link->getLevelBySizes(), 2.0);
+    link->setFormulaLevel(formula("32", piece.set()));
+    EXPECT_TRUE(link->applyLevels(levels, piece.gradation(), ModifyLevel_AllSizes));
+    EXPECT_NEAR(a->getLevel(-1), 22.0, 1e-4);
+    EXPECT_NEAR(a->getMeasures(-1), 40.0, 1e-4);
+
+    levels = support::plus(*link->getLevelBySizes(), 1.0);
+    link->setFormulaMeasurement(formula("84", piece.set()));
+    EXPECT_TRUE(link->applyMeasuresLevels(measures, levels, piece.gradation(), ModifyLevel_AllSizes));
+    EXPECT_NEAR(a->getLevel(-1), 23.0, 1e-4);
+    EXPECT_NEAR(b->getLevel(-1), 43.0, 1e-4);
+    EXPECT_NEAR(a->getMeasures(-1), 42.0, 1e-4);
+}
+
+TEST_F(LinksOnAPiece, aLevelFormulaDoesNotTellThatAFrameFailed)
+{
+    link->unlinkFrames();
+    link->linkFrame(piece.frameCenter()->getFrameLevelZero()); // the origin never moves
+    link->reevaluate(Reevaluate_Store);
+    link->setFormulaLevel(formula("2", piece.set()));
+    ValuesAccordingSizes measures = *link->getMeasureBySizes();
+    ValuesAccordingSizes levels = support::plus(*link->getLevelBySizes(), 2.0);
+    EXPECT_FALSE(link->leaveLevels(levels, piece.gradation(), ModifyLevel_AllSizes));
+    EXPECT_TRUE(link->applyLevels(levels, piece.gradation(), ModifyLevel_AllSizes));
+    levels = support::plus(*link->getLevelBySizes(), 2.0);
+    EXPECT_TRUE(link->applyMeasuresLevels(measures, levels, piece.gradation(), ModifyLevel_AllSizes));
+}
+
+TEST_F(LinksOnAPiece, framesAreBroughtToTheLinksLevelInModeOneAlone)
+{
+    for (const eFrameReevaluate mode : {Reevaluate_Store, Reevaluate_Ask}) {
+        EXPECT_TRUE(link->adjustFramesSameLevel(mode));
+        EXPECT_NEAR(a->getLevel(-1), 20.0, 1e-6);
+        EXPECT_NEAR(b->getLevel(-1), 40.0, 1e-6);
+    }
+    link->removeFrame(b->getFrameFrame());
+    link->setFormulaLevel(formula("25", piece.set()));
+    EXPECT_TRUE(link->adjustFramesSameLevel(Reevaluate_Apply));
+    EXPECT_EQ(support::str(piece.levelsOf(a)), "25.00 25.00 25.00 [25.00] 25.00 25.00 25.00");
+}
+
+TEST_F(LinksOnAPiece, aLinkThatWasNeverEvaluatedHasNoLevelToBringItsFramesTo)
+{
     *link->getLevelBySizes() = ValuesAccordingSizes();
-    EXPECT_TRUE(link->adjustFramesSameLevel(Reevaluate_Store)); // no level, nothing to refuse
+    for (const eFrameReevaluate mode : {Reevaluate_Store, Reevaluate_Apply, Reevaluate_Ask})
+        EXPECT_TRUE(link->adjustFramesSameLevel(mode));
+    EXPECT_NEAR(a->getLevel(-1), 20.0, 1e-6);
 }
 
 TEST_F(LinksOnAPiece, zeroOfTheFirstFrameIsTheLinks)
@@ -524,6 +605,14 @@ TEST_F(LinksOnAPiece, zeroOfTheFirstFrameIsTheLinks)
     EXPECT_FALSE(link->framesMeasureZero());
     a->getFrameFrame()->becomeLevelZero();
     EXPECT_TRUE(link->frameLevelZero());
+    link->unlinkFrames();
+    link->linkFrame(piece.frame("Point", piece.right(4), piece.right(4))->getFrameFrame());
+    EXPECT_TRUE(link->framesMeasureZero());
+    FrameFrame stray(name("Stray")); // of no center
+    link->unlinkFrames();
+    link->linkFrame(&stray);
+    EXPECT_FALSE(link->frameLevelZero());
+    link->unlinkFrames();
 }
 
 } // namespace

@@ -372,36 +372,82 @@ TEST_F(Reevaluate, underIsFalseForAnythingButASet)
     EXPECT_FALSE(frame("Chest")->reevaluateUnder(frame("Waist"), Reevaluate_Apply));
 }
 
-class RecordingSpec : public FrameSpec
+// Elements that say when they are asked: "name:mode" as a whole, "name.type:mode" by the order.
+class ToldSpec : public FrameSpec
 {
 public:
-    using FrameSpec::FrameSpec;
+    ToldSpec(const QString &specName, QStringList *calls) : FrameSpec(specName), mCalls(calls) {}
     bool reevaluate(eFrameReevaluate mode) override
     {
-        modes.append(mode);
+        *mCalls << QStringLiteral("%1:%2").arg(name()).arg(int(mode));
         return true;
     }
-    QList<eFrameReevaluate> modes;
+
+private:
+    QStringList *mCalls;
 };
 
-TEST_F(Reevaluate, underASpecRunsTheSpecInModeZeroWhateverTheMode)
+class ToldChart : public FrameMeasurementChart
 {
-    auto *const recording = new RecordingSpec(QStringLiteral("Spec"));
-    set()->addSpec(recording, -1);
+public:
+    ToldChart(const QString &chartName, QStringList *calls) : FrameMeasurementChart(chartName), mCalls(calls)
+    {
+    }
+    bool reevaluate(eFrameReevaluate mode) override
+    {
+        *mCalls << QStringLiteral("%1:%2").arg(name()).arg(int(mode));
+        return false;
+    }
+    bool reevaluateElement(eEvaluationType type, eFrameReevaluate mode) override
+    {
+        *mCalls << QStringLiteral("%1.%2:%3").arg(name()).arg(int(type)).arg(int(mode));
+        return false;
+    }
 
-    EXPECT_TRUE(set()->reevaluateUnder(recording, Reevaluate_Ask));
-    EXPECT_EQ(recording->modes, QList<eFrameReevaluate>{Reevaluate_Store});
+private:
+    QStringList *mCalls;
+};
+
+void addToldElements(FrameSet &set, QStringList &calls)
+{
+    for (const char *name : {"C1", "C2"})
+        set.addMeasurementChart(new ToldChart(QLatin1String(name), &calls), -1);
+    for (const char *name : {"S1", "S2"})
+        set.addSpec(new ToldSpec(QLatin1String(name), &calls), -1);
 }
 
-TEST_F(Reevaluate, underAFrameRunsSpecsInModeZeroWhateverTheMode)
+TEST_F(Reevaluate, underASpecRunsTheSpecInModeZeroWhateverTheModeAndNothingElse)
 {
-    auto *const recording = new RecordingSpec(QStringLiteral("Spec"));
-    set()->addSpec(recording, -1);
+    QStringList calls;
+    addToldElements(*set(), calls);
+
+    for (eFrameReevaluate mode : kModes) {
+        calls.clear();
+        EXPECT_TRUE(set()->reevaluateUnder(set()->getFrameSpecs().at(1), mode));
+        EXPECT_TEXT(calls.join(QLatin1Char(' ')), "S2:0");
+    }
+}
+
+TEST_F(Reevaluate, underAFrameRunsSpecsAndChartsInModeZeroWhateverTheMode)
+{
+    QStringList calls;
+    addToldElements(*set(), calls);
     FrameFrame *const chest = frame("Chest");
 
-    for (eFrameReevaluate mode : {Reevaluate_Ask, Reevaluate_Apply})
+    for (eFrameReevaluate mode : kModes) {
+        calls.clear();
         EXPECT_TRUE(set()->reevaluateUnder(chest, mode));
-    EXPECT_EQ(recording->modes, (QList<eFrameReevaluate>{Reevaluate_Store, Reevaluate_Store}));
+        EXPECT_TEXT(calls.join(QLatin1Char(' ')), "S1:0 S2:0 C1:0 C2:0");
+    }
+}
+
+TEST_F(Reevaluate, specsAndThenChartsFollowTheOrderAndNoneIsSkipped)
+{
+    QStringList calls;
+    addToldElements(*set(), calls);
+
+    EXPECT_TRUE(set()->reevaluate(Reevaluate_Apply));
+    EXPECT_TEXT(calls.join(QLatin1Char(' ')), "C1.1:1 C1.2:1 C2.1:1 C2.2:1 S1:1 S2:1 C1:1 C2:1");
 }
 
 TEST_F(Reevaluate, underALinkTouchesWhatNamesItInEitherKindOfValue)
