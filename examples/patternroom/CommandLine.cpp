@@ -134,6 +134,22 @@ private:
     LengthStyle mStyle;
 };
 
+int runDemo(Line &line)
+{
+    line.describe(
+        QStringLiteral("[DIR]"),
+        QStringLiteral("Lays out bundled documents, a measurement chart and a script in DIR, runs the "
+                       "script there, and leaves drawings before and after. Ends with 1 when a piece did "
+                       "not obey."),
+        QStringLiteral("demo out"));
+    if (!line.parse(0, 1))
+        return Exit_Done;
+    DemoOptions options;
+    line.fill(options);
+    options.folder = line.argument(0).isEmpty() ? QStringLiteral("patternroom-demo") : line.argument(0);
+    return demo(options);
+}
+
 int runNew(Line &line)
 {
     line.describe(QStringLiteral("FILE"), QStringLiteral("Makes a document without pieces."),
@@ -309,7 +325,7 @@ int runFormula(Line &line)
     line.describe(QStringLiteral("DOC ELEMENT [TEXT]"),
                   QStringLiteral("Lets an element follow a formula. Circles and units that do not fit are "
                                  "refused, and so is what the piece cannot follow."),
-                  QStringLiteral("formula b.vor.json Front:Waist \"Measure(Waist) / 2 + 2\" -o c.vor.json"));
+                  QStringLiteral("formula b.vor.json Front:Chest \"Measure(Bust) / 2 + 6\" -o c.vor.json"));
     line.value("kind", "KIND", "frame, segment, link or spec.");
     line.flag("level", "The formula of the level.");
     line.flag("none", "Drop the formula.");
@@ -490,6 +506,7 @@ struct CommandEntry {
 };
 
 constexpr CommandEntry kCommands[] = {
+    {"demo", "the main job on bundled pieces, with drawings", runDemo},
     {"new", "an empty document with sizes", runNew},
     {"import", "a nest of another program as graded pieces", runImport},
     {"add", "a center, frame, segment, link, spec, chart, set or point", runAdd},

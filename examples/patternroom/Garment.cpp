@@ -35,6 +35,36 @@ QString bare(QString reason, const QString &path = QString())
     return reason;
 }
 
+QString formulasOf(BaseFrame *element)
+{
+    QString text;
+    for (TreeEquations *formula : {valueFormula(element), element->formulaLevel()})
+        text += (formula ? formula->toString() : QString()) + QLatin1Char('\n');
+    return text;
+}
+
+// In a file formulas go by the bare names of their elements: where two bear one name, the first gets them.
+void requireFormulasSurvive(const PatternDocument &document, const QByteArray &text)
+{
+    PatternDocument again;
+    if (!documentFromText(text, again))
+        return;
+    const std::vector<Element> elements = elementsOf(document);
+    const std::vector<Element> read = elementsOf(again);
+    for (std::size_t i = 0; i < elements.size() && i < read.size(); ++i) {
+        const Element &element = elements[i];
+        if (formulasOf(element.element) == formulasOf(read[i].element))
+            continue;
+        const QString name = element.element->name();
+        BaseFrame *first = element.set->foundElementAccordingName(name, true);
+        throw Refusal(
+            QStringLiteral("The formula of '%1' would not be read again: in a file formulas go by the bare "
+                           "name '%2', which the %3 '%4' bears too. Rename one of them.")
+                .arg(element.path(), name, first ? kindName(first->elementType()) : QString(),
+                     first ? first->fullName() : QString()));
+    }
+}
+
 } // namespace
 
 DocumentPtr openDocument(const QString &path)
@@ -57,6 +87,7 @@ void storeDocument(const PatternDocument &document, const QString &path)
     const QByteArray text = documentToText(document, &report);
     if (text.isEmpty())
         throw unwritable(path, bare(report.error));
+    requireFormulasSurvive(document, text);
     storeText(text, path);
 }
 

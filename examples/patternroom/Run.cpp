@@ -42,7 +42,10 @@ int run(const RunOptions &options)
         const QString place = QStringLiteral("%1, line %2: ").arg(options.script, QString::number(number));
         QStringList words;
         try {
-            words = wordsOf(lines.at(number - 1));
+            const QString line = lines.at(number - 1).trimmed();
+            if (line.startsWith(QLatin1String("## "))) // a heading
+                options.console->print(QLatin1Char('\n') + line.mid(3) + QLatin1Char('\n'));
+            words = wordsOf(line);
             if (words.isEmpty())
                 continue;
             if (words.first() == QLatin1String("run"))

@@ -1,10 +1,10 @@
 // The program as a user meets it: a transcript is a talk with it, and each talk is held again and compared
 // whole.
 //
-//   $ show b.vor.json      a command; the program and its folder are new for every transcript
-//   ...                    standard output, as it stands
-//   ! patternroom: ...     standard error
-//   = 4                    the exit code, where it is not 0
+//   $ patternroom show b.vor.json   a command; the program and its folder are new for every transcript
+//   ...                             standard output, as it stands
+//   ! patternroom: ...              standard error
+//   = 4                             the exit code, where it is not 0
 //
 // Other lines at the top, up to the first command, say what is shown. VORFRAMES_UPDATE=1 writes the
 // transcripts anew.
@@ -22,6 +22,7 @@ namespace
 
 const QString kTranscripts = QStringLiteral(PATTERNROOM_TRANSCRIPTS);
 const QString kProgram = QStringLiteral(PATTERNROOM_PROGRAM);
+const QString kTutorial = QStringLiteral(PATTERNROOM_TUTORIAL);
 const QString kDocuments = QStringLiteral(PATTERNROOM_DOCUMENTS);
 
 QString read(const QString &path)
@@ -82,7 +83,7 @@ QString heldAgain(const QString &transcript, const QString &folder)
 void prepare(const QTemporaryDir &folder)
 {
     const QStringList kinds{QStringLiteral("*.room"), QStringLiteral("*.csv"), QStringLiteral("*.json")};
-    for (const QString &from : {kDocuments, kTranscripts}) {
+    for (const QString &from : {kDocuments, kTranscripts, kTutorial}) {
         for (const QString &name : QDir(from).entryList(kinds, QDir::Files))
             ASSERT_TRUE(QFile::copy(from + QLatin1Char('/') + name, folder.filePath(name)));
     }

@@ -244,24 +244,17 @@ std::vector<Strand> PieceShape::innerCurves() const
     return strands;
 }
 
-std::vector<Strand> PieceShape::stretch(const GabaritObject *gabarit, const CDbPointVOR *from,
-                                        const CDbPointVOR *to, bool forward) const
+Strand PieceShape::stretch(const GabaritObject *gabarit, const CDbPointVOR *from, const CDbPointVOR *to,
+                           bool forward) const
 {
-    std::vector<Strand> strands;
-    bool isInterrupted = true;
+    Strand strand;
     for (int steps = gabarit->contourCount(); from && from != to && steps > 0; --steps) {
         const CDbPointVOR *next = gabarit->neighbor(from, forward);
-        if (!next || gabarit->isDeadEdge(from, next)) {
-            isInterrupted = true;
-        } else {
-            if (isInterrupted)
-                strands.emplace_back();
-            strands.back().curves.push_back(edge(from, next));
-            isInterrupted = false;
-        }
+        if (next)
+            strand.curves.push_back(edge(from, next));
         from = next;
     }
-    return strands;
+    return strand;
 }
 
 double PieceShape::turning(const GabaritObject *gabarit) const
@@ -390,22 +383,6 @@ GeoRectangle PieceShape::extent() const
             extent.include(placeOf(v));
     }
     return extent;
-}
-
-std::pair<double, double> PieceShape::reachAlong(const GeoPoint2D &a, const GeoPoint2D &b) const
-{
-    double least = 0.0;
-    double most = 0.0;
-    bool isFirst = true;
-    for (const GabaritObject *gabarit = mPiece.firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit) {
-        for (const CDbPointVOR *v : gabarit->contourVectors()) {
-            const double t = CDbPointVOR::scaleProjeced(a, b, placeOf(v));
-            least = isFirst ? t : std::min(least, t);
-            most = isFirst ? t : std::max(most, t);
-            isFirst = false;
-        }
-    }
-    return {least, most};
 }
 
 GeoPoint2D PieceShape::middle() const

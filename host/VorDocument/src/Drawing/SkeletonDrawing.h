@@ -6,14 +6,11 @@
 namespace VorSystem
 {
 
-/// Styles of what drawSkeletons draws.
-extern const char kSkeletonStyle[];
-
-/// Draws the skeletons of a piece in the size of its shape.
+/// Draws the skeletons of a piece as it stands in the nest.
 void drawSkeletons(SvgSheet &sheet, const SheetPlace &place, const CDbGroupObject &piece,
                    const PieceShape &shape);
 
 /// Axes and frames as straight lines, for what must keep off them.
-std::vector<CubicCurve> skeletonLines(const CDbGroupObject &piece, const PieceShape &shape);
+std::vector<CubicCurve> skeletonLines(const CDbGroupObject &piece);
 
 } // namespace VorSystem
