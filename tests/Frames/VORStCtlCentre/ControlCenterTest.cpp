@@ -48,6 +48,27 @@ TEST_F(ControlCenterOnRectangle, withoutSkeletonThereIsNoCenter)
     EXPECT_THROW(ControlCenter(piece.axis, static_cast<ControlSkeleton *>(nullptr)), AssertionError);
 }
 
+TEST_F(ControlCenterOnRectangle, withoutMirrorAGivenDirectionIsKeptAndTheCenterNotSelected)
+{
+    const std::unique_ptr<ControlCenter> first(piece.axis);
+    for (const bool direction : {true, false}) {
+        const ControlCenter given(piece.at(3), piece.at(15), piece.skeleton(), piece.frameCenter(),
+                                  direction);
+        EXPECT_EQ(given.getContourDirection1To2(), direction);
+        EXPECT_FALSE(given.getSelection());
+    }
+    piece.skeleton()->setControlCenter(nullptr);
+}
+
+TEST_F(ControlCenterOnRectangle, aCenterMovesAndHoldsNothing)
+{
+    ValuesAccordingSizes values;
+    EXPECT_EQ(piece.axis->changeMeasureLevel(ControlBase::MeasureLevel_Both, &values, &values,
+                                             piece.gradation(), ModifyLevel_AllSizes),
+              Msg_NothingDone);
+    EXPECT_FALSE(piece.axis->containsVector(piece.at(3)));
+}
+
 TEST_F(ControlCenterOnRectangle, plainCopiesShareTheRightRegionWhoeverDiesFirst)
 {
     RightRegion *region = piece.axis->getRightRegions();
@@ -273,6 +294,14 @@ TEST_F(ClosestFrame, ofTwoFramesOnOneLevelTheFirstIsTheAnswer)
     EXPECT_EQ(closest(33.0, 2), "Near");
 }
 
+TEST_F(ClosestFrame, aFrameThatWasNeverEvaluatedLiesOnTheLevelOfTheOrigin)
+{
+    FrameFrame *near = piece.set()->getFrames()[2];
+    near->getLevelBySizes()->mValues.clear();
+    EXPECT_EQ(closest(33.0, 2), "Origin");
+    EXPECT_EQ(closest(33.0, 2, origin->getFrameFrame()), "Near");
+}
+
 TEST_F(ClosestFrame, withoutOriginThereIsNone)
 {
     piece.frameCenter()->removeFrame(origin->getFrameFrame());
@@ -300,6 +329,24 @@ TEST(ControlCenterOnMirror, withoutRecordThePlaceDecides)
     ControlledPiece piece(mirroredBack());
     piece.group()->mMirror->forget(piece.at(1));
     EXPECT_TRUE(piece.center(piece.at(0), piece.at(9))->getContourDirection1To2());
+}
+
+TEST(ControlCenterOnMirror, theRecordGoesBeforeThePlace)
+{
+    ControlledPiece piece(mirroredBack());
+    // Recorded the other way round: the vector on the right is side 1.
+    piece.group()->mMirror->forget(piece.at(1));
+    piece.group()->mMirror->forget(piece.at(17));
+    ASSERT_TRUE(piece.group()->mMirror->addPair(piece.at(1), piece.at(17)));
+    EXPECT_FALSE(piece.center(piece.at(0), piece.at(9))->getContourDirection1To2());
+}
+
+TEST(ControlCenterOnMirror, withoutVector1ThereIsNoSideToAskFor)
+{
+    ControlledPiece piece(mirroredBack());
+    FrameCenter *element = piece.set()->newCenter(QStringLiteral("C"));
+    const auto *center = new ControlCenter(nullptr, piece.at(9), piece.skeleton(), element, true);
+    EXPECT_TRUE(center->getContourDirection1To2());
 }
 
 TEST(ControlCenterOnMirror, aVectorOffTheContourLeavesNoCenterBehind)

@@ -129,7 +129,7 @@ TEST_F(FrameChange, shiftedSizesKeepTheNestAndTakeTheDifferences)
 
 TEST_F(FrameChange, noActionMovesNothingAndCountsAsDone)
 {
-    piece->document().mManager->notifyGroupChanged(nullptr);
+    const auto baton = piece->document().mManager->setGroupMapping({{piece->group(), piece->group()}});
     const auto before = placesOf(piece->group(), piece->gradation());
     // Nothing is asked of the lists or of the kind.
     EXPECT_EQ(waist->changeMeasureLevel(ControlBase::MeasureLevel_Invalid, nullptr, nullptr, nullptr,
@@ -137,6 +137,7 @@ TEST_F(FrameChange, noActionMovesNothingAndCountsAsDone)
               Msg_Converged);
     EXPECT_EQ(largestDistance(before, placesOf(piece->group(), piece->gradation())), 0.0);
     EXPECT_EQ(piece->rebuilds(), 0);
+    EXPECT_TRUE(changed());
 }
 
 TEST_F(FrameChange, aWishThatIsMetMovesNothing)
@@ -152,6 +153,40 @@ TEST_F(FrameChange, aWishOfExactlyZeroIsNone)
     EXPECT_EQ(piece->changeMeasures(waist, times(piece->measuresOf(waist), 0.0)), Msg_Converged);
     EXPECT_EQ(piece->changeLevels(waist, times(piece->levelsOf(waist), 0.0)), Msg_Converged);
     EXPECT_EQ(piece->rebuilds(), 0);
+}
+
+TEST_F(FrameChange, onlyWhatNeedsAMoveIsMoved)
+{
+    // Both are asked for; no wish for the measure, so the level moves alone, and the other way round.
+    ValuesAccordingSizes noWish = times(piece->measuresOf(waist), 0.0);
+    ValuesAccordingSizes levels = plus(piece->levelsOf(waist), 2.0);
+    EXPECT_EQ(waist->changeMeasureLevel(ControlBase::MeasureLevel_Both, &noWish, &levels, piece->gradation(),
+                                        ModifyLevel_Nest),
+              Msg_Converged);
+    EXPECT_EQ(str(*piece->right(3)), "40.00 32.00");
+    ValuesAccordingSizes measures = plus(piece->measuresOf(waist), -4.0);
+    EXPECT_EQ(waist->changeMeasureLevel(ControlBase::MeasureLevel_Both, &measures, &noWish,
+                                        piece->gradation(), ModifyLevel_Nest),
+              Msg_Converged);
+    EXPECT_EQ(str(*piece->right(3)), "38.00 32.00");
+}
+
+TEST_F(FrameChange, aZeroIsAWishWhereOnlyZeroIsPossible)
+{
+    // The level of the origin, and below the measure of a point: what is stored wrongly is read anew.
+    for (double &level : hip->getFrameFrame()->getLevelBySizes()->mValues)
+        level = 5.0;
+    const ValuesAccordingSizes zero = times(piece->levelsOf(hip), 0.0);
+    EXPECT_EQ(piece->changeLevels(hip, zero), Msg_Converged);
+    EXPECT_EQ(piece->rebuilds(), 1);
+    EXPECT_EQ(str(*hip->getFrameFrame()->getLevelBySizes()), str(zero));
+
+    ControlFrame *point = piece->frame("Point", piece->at(14), piece->at(14));
+    for (double &measure : point->getFrameFrame()->getMeasureBySizes()->mValues)
+        measure = 5.0;
+    EXPECT_EQ(piece->changeMeasures(point, zero), Msg_Converged);
+    EXPECT_EQ(piece->rebuilds(), 1);
+    EXPECT_EQ(str(*point->getFrameFrame()->getMeasureBySizes()), str(zero));
 }
 
 TEST_F(FrameChange, anEmptyListOfValuesNeedsAMoveInEverySize)
@@ -324,15 +359,19 @@ TEST_F(FrameChange, aWishThatIsNoNumberMovesNothing)
 
 TEST_F(FrameChange, aFailureKeepsTheSizesAlreadyMovedAndStillRebuilds)
 {
-    waist->getFrameFrame()->getPerimeterMeasurement() = true;
-    piece->readBack();
-    piece->rebuilds();
-    ValuesAccordingSizes wanted = piece->measuresOf(waist);
-    const std::string before = str(wanted);
-    wanted.mValues[2] = -500.0;
+    const auto baton = piece->document().mManager->setGroupMapping({{piece->group(), piece->group()}});
+    const ValuesAccordingSizes before = piece->measuresOf(waist);
+    ValuesAccordingSizes wanted = before;
+    wanted.mValues[0] += 2.0;
+    wanted.mValues[2] = std::numeric_limits<double>::infinity();
+    wanted.mValues[6] += 2.0;
     EXPECT_EQ(piece->changeMeasures(waist, wanted), Msg_MoveFailed);
     EXPECT_EQ(piece->rebuilds(), 1);
+    EXPECT_FALSE(changed());
     EXPECT_TRUE(standsInTheNest(piece->group()));
+    const ValuesAccordingSizes after = piece->measuresOf(waist);
+    EXPECT_NEAR(after.mValues[0], wanted.mValues[0], 1e-4);
+    EXPECT_NEAR(after.mValues[6], before.mValues[6], 1e-4); // behind the failure nothing is tried
 }
 
 } // namespace

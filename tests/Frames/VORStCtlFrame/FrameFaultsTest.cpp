@@ -109,6 +109,29 @@ TEST(FrameFaults, aSideThatFailsIsForgottenWhenTheLastOneMoves)
     EXPECT_TRUE(frame.faults.hasStruck());
 }
 
+TEST(FrameFaults, aLastSideThatFailsIsForgivenWhereTheRestIsSmall)
+{
+    FaultyFrame frame(true);
+    // The sides run slanted towards the top, along which the waist measures, so that a slide changes the
+    // measure by little more than asked.
+    for (const int step : {0, 1, 2, 3}) {
+        *frame.piece.at(9 + step) = GeoPoint2D(40.0 - 5.0 * step, 51.0 + 3.0 * step);
+        *frame.piece.at(21 - step) = GeoPoint2D(5.0 * step, 51.0 + 3.0 * step);
+    }
+    for (const int place : {13, 14, 16, 17})
+        *frame.piece.at(place) = GeoPoint2D(20.0 + 2.0 * (15 - place), 60.0);
+    frame.piece.readBack();
+    frame.piece.rebuilds();
+    ValuesAccordingSizes measures = plus(*frame.waist->getFrameFrame()->getMeasureBySizes(), -0.015);
+    // Side 1 leaves a rest below 0.01 cm, which the next pass moves.
+    frame.faults.strikeAt(5, Faults::Fail);
+    EXPECT_EQ(frame.waist->changeMeasureLevel(ControlBase::MeasureLevel_Measure, &measures, nullptr,
+                                              frame.piece.gradation(), ModifyLevel_Nest),
+              Msg_Converged);
+    EXPECT_TRUE(frame.faults.hasStruck());
+    EXPECT_EQ(frame.piece.rebuilds(), 2);
+}
+
 TEST(FrameFaults, aLastSideThatFailsEndsTheMove)
 {
     FaultyFrame frame(true);

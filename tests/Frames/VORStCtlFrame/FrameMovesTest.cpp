@@ -180,6 +180,50 @@ TEST(FrameMoves, aDartWhoseTipMovesTakesItsPivotAlong)
     EXPECT_EQ(piece.dart()->mTipCopy, nullptr);
 }
 
+/// The right half of a front, with a dart in the waist whose legs are curves of one inner point each.
+Piece frontWithCurvedDart()
+{
+    Piece made;
+    made.group = std::make_unique<CDbGroupObject>();
+    made.gabarit = made.group->newGabarit();
+    for (const GeoPoint2D &place :
+         {GeoPoint2D(0.0, 0.0), GeoPoint2D(9.0, 0.0), GeoPoint2D(10.5, -0.5), GeoPoint2D(12.0, 0.0),
+          GeoPoint2D(23.0, 0.0), GeoPoint2D(24.0, 20.0), GeoPoint2D(12.0, 40.0), GeoPoint2D(0.0, 40.0)})
+        made.contour.push_back(made.gabarit->addContourVector(place));
+    CDbPointVOR *pivot = made.group->addOwnVector(GeoPoint2D(10.5, 18.0));
+    const auto leg = [&](double x, CDbPointVOR *end) {
+        return made.group->addCurve({pivot, made.group->addOwnVector(GeoPoint2D(x, 9.0)), end});
+    };
+    LineObject *const first = leg(9.9, made.at(1));
+    LineObject *const second = leg(11.1, made.at(3));
+    made.dart = made.group->addDart(made.gabarit, made.at(1), made.at(2), made.at(3), pivot,
+                                    std::vector<LineObject *>{first}, std::vector<LineObject *>{second});
+    return made;
+}
+
+TEST(FrameMoves, pivotAndCurvedLegsFollowTheTipAsOne)
+{
+    ControlledPiece piece(frontWithCurvedDart());
+    piece.center(piece.at(0), piece.at(7), OneSide);
+    piece.frame("Origin", piece.at(5), nullptr);
+    ControlFrame *atDart = piece.frame("Dart", piece.at(3), nullptr);
+    const DartContour *dart = piece.dart();
+    std::vector<CDbPointVOR *> followers = {dart->mPivotVector};
+    for (const int leg : {0, 1}) {
+        for (CDbPointVOR *inner : dart->innerLegVectors(leg))
+            followers.push_back(inner);
+    }
+    ASSERT_EQ(followers.size(), 3u);
+    const std::vector<GeoPoint2D> before = {*followers[0], *followers[1], *followers[2]};
+    // One move, without the rebuild that would restore the shape of the legs.
+    EXPECT_EQ(atDart->adjustMeasureLevel(ControlBase::MeasureLevel_Level, 0.0, atDart->getLevel(-1) + 2.0,
+                                         nullptr, false, -1),
+              Msg_Moved);
+    EXPECT_EQ(str(*piece.at(3)), "12.00 -2.00");
+    for (std::size_t i = 0; i < followers.size(); ++i)
+        EXPECT_LT((*followers[i] - before[i]).distance(GeoPoint2D(0.0, -2.0)), 1e-9) << i;
+}
+
 TEST(FrameMoves, aNextChangeLeavesThePivotsOfOtherSizesAlone)
 {
     ControlledPiece piece(bodiceWithDart());
@@ -205,6 +249,26 @@ TEST(FrameMoves, theFarHalfOfAOneSidedPieceGoesAlongWithALevel)
     EXPECT_EQ(piece.changeLevels(waist, plus(piece.levelsOf(waist), 2.0), ModifyLevel_Nest), Msg_Converged);
     EXPECT_EQ(str(*piece.right(3)), "40.00 32.00");
     EXPECT_EQ(str(*piece.left(3)), "0.00 32.00"); // straight across from vector 1
+}
+
+TEST(FrameMoves, vector2OfAOneSidedFrameGoesAlongUnlessItLiesOnTheAxis)
+{
+    RectangleUnderControl piece(OneSide);
+    piece.chord("Origin", 1);
+    ControlFrame *slanted = piece.frame("Slanted", piece.right(3), piece.left(4));
+    CDbPointVOR *onAxis = piece.group()->addOwnVector(GeoPoint2D(20.0, 50.0));
+    ControlFrame *half = piece.frame("Half", piece.right(5), onAxis);
+    // Straight on from vector 1 through the crossing lies vector 2 itself.
+    EXPECT_EQ(piece.changeLevels(slanted, plus(piece.levelsOf(slanted), 2.0), ModifyLevel_Nest),
+              Msg_Converged);
+    EXPECT_EQ(str(*piece.right(3)), "40.00 32.00");
+    EXPECT_EQ(str(*piece.left(4)), "0.00 42.00");
+    // A vector 2 on the axis hands its part to the contour across, and stays.
+    (void)half->adjustMeasureLevel(ControlBase::MeasureLevel_Level, 0.0, half->getLevel(-1) + 2.0, nullptr,
+                                   false, -1);
+    EXPECT_EQ(str(*piece.right(5)), "40.00 52.00");
+    EXPECT_EQ(str(*piece.left(5)), "0.00 52.00");
+    EXPECT_EQ(str(*onAxis), "20.00 50.00");
 }
 
 TEST(FrameMoves, withoutANeighbourTheEndOfThePieceTravelsWithVector1AlsoWhereTheFarSideIsHeld)

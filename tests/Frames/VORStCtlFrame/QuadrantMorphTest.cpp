@@ -110,6 +110,42 @@ TEST_F(QuadrantMorphOnRectangle, aFrameOnAnotherContourRaises)
     EXPECT_TRUE(standsInTheNest(piece.group()));
 }
 
+TEST(QuadrantMorphOneSided, onlyTheSideOfVector1IsCut)
+{
+    RectangleUnderControl piece(OneSide);
+    piece.chord("Hip", 2);
+    ControlFrame *waist = piece.chord("Waist", 3);
+    piece.chord("Chest", 5);
+    CDbPointVOR *onSide = piece.group()->addOwnVector(GeoPoint2D(30.0, 30.0));
+    CDbPointVOR *across = piece.group()->addOwnVector(GeoPoint2D(10.0, 30.0));
+    const ValuesAccordingSizes wanted = plus(piece.levelsOf(waist), 2.0);
+    EXPECT_EQ(piece.changeLevels(waist, wanted, ModifyLevel_Nest), Msg_Converged);
+    EXPECT_EQ(str(*piece.left(3)), "0.00 32.00");
+    EXPECT_EQ(str(*onSide), "30.00 32.00");
+    EXPECT_EQ(str(*across), "10.00 30.00");
+}
+
+// A single neighbour, ahead of the frame or behind it: what lies between the two is one field on each side of
+// the axis, what lies beyond the frame the other.
+TEST(QuadrantMorphOneNeighbor, bothSidesOfTheFrameFollowWhereverTheNeighbourLies)
+{
+    for (const bool above : {false, true}) {
+        RectangleUnderControl piece;
+        piece.chord("Neighbour", above ? 5 : 1);
+        ControlFrame *frame = piece.chord("Frame", 3);
+        CDbPointVOR *between = piece.group()->addOwnVector(GeoPoint2D(40.0, above ? 40.0 : 20.0));
+        CDbPointVOR *betweenLeft = piece.group()->addOwnVector(GeoPoint2D(0.0, above ? 40.0 : 20.0));
+        CDbPointVOR *beyondNeighbour = piece.group()->addOwnVector(GeoPoint2D(30.0, above ? 55.0 : 5.0));
+        CDbPointVOR *onChord = piece.group()->addOwnVector(GeoPoint2D(30.0, 30.0));
+        EXPECT_EQ(piece.changeMeasures(frame, plus(piece.measuresOf(frame), -4.0), ModifyLevel_Nest),
+                  Msg_Converged);
+        EXPECT_EQ(str(*between), above ? "39.00 40.00" : "39.00 20.00");
+        EXPECT_EQ(str(*betweenLeft), above ? "1.00 40.00" : "1.00 20.00");
+        EXPECT_EQ(str(*beyondNeighbour), above ? "30.00 55.00" : "30.00 5.00");
+        EXPECT_EQ(str(*onChord), "29.00 30.00");
+    }
+}
+
 /// A frame in the middle of what neighbours a case leaves it, on a center of each characteristic, started
 /// from either side of the axis.
 struct Situation {

@@ -127,6 +127,7 @@ TEST_F(ControlSegmentOnRectangle, aSegmentWhoseEndsShareNoContourIsHitNowhereAnd
     EXPECT_EQ(toInside.getRectBounding().right(), 40.0);
     EXPECT_EQ(fromInside.getRectBounding().left(), 10.0);
     EXPECT_EQ(toInside.getAttachedNext(), nullptr);
+    EXPECT_EQ(fromInside.getAttachedNext(), nullptr); // once round, and nothing held
 }
 
 TEST_F(ControlSegmentOnRectangle, boundsEncloseTheStretchAndRectanglesSelectIt)

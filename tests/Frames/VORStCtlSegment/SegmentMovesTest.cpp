@@ -128,7 +128,9 @@ TEST_F(SegmentFactors, alongTheContourTheStretchBehindGivesWayInProportion)
     EXPECT_NEAR(piece.at(10)->mDisplacementY, 2.0F, 1e-5F);
     EXPECT_NEAR(piece.at(11)->mDisplacementY, 1.0F, 1e-5F);
     EXPECT_EQ(piece.at(12)->mDisplacementY, 0.0F);
-    EXPECT_EQ(side->calculateDisplacementContourLine(60.0, &out), Msg_Impossible);
+    out = GeoPoint2D(7.0, 7.0);
+    EXPECT_EQ(side->calculateDisplacementContourLine(60.0, &out), Msg_Impossible); // nothing left, exactly
+    EXPECT_EQ(str(out), "7.00 7.00");
     EXPECT_EQ(side->calculateDisplacementContourLine(75.0, &out), Msg_Impossible);
     EXPECT_THROW(side->calculateDisplacementContourLine(33.0, nullptr), AssertionError);
 }

@@ -161,9 +161,12 @@ TEST_F(SkeletonSelection, aNewFrameMustNotMeetAnother)
 TEST_F(SkeletonSelection, aHalfFrameIsMetOnItsHalfAlone)
 {
     piece.halfChord("Half", 4);
-    *piece.left(3) = GeoPoint2D(0.0, 35.0);
-    EXPECT_FALSE(piece.skeleton()->isValidForNewFrame(piece.at(11), piece.left(3)) &&
-                 piece.skeleton()->isValidForNewFrame(piece.right(4), piece.left(4)));
+    const auto inside = [this](double x, double y) { return piece.group()->addOwnVector(GeoPoint2D(x, y)); };
+    EXPECT_FALSE(piece.skeleton()->isValidForNewFrame(inside(25.0, 35.0), inside(35.0, 45.0)));
+    EXPECT_TRUE(piece.skeleton()->isValidForNewFrame(inside(5.0, 35.0), inside(15.0, 45.0)));
+    // A new half frame ends at the axis too: there it meets the half, and on the left it does not.
+    EXPECT_FALSE(piece.skeleton()->isValidForNewFrame(inside(5.0, 40.0), nullptr));
+    EXPECT_TRUE(piece.skeleton()->isValidForNewFrame(inside(5.0, 45.0), nullptr));
 }
 
 TEST_F(SkeletonSelection, aNewSegmentMustNotHaveBothVectorsOfAnother)
