@@ -224,6 +224,23 @@ TEST(FrameMoves, pivotAndCurvedLegsFollowTheTipAsOne)
         EXPECT_LT((*followers[i] - before[i]).distance(GeoPoint2D(0.0, -2.0)), 1e-9) << i;
 }
 
+TEST(FrameMoves, curvedDartLegsAreNotMorphedWithTheInside)
+{
+    ControlledPiece piece(frontWithCurvedDart());
+    CDbPointVOR *hole = piece.group()->addOwnVector(GeoPoint2D(11.1, 9.5));
+    piece.center(piece.at(0), piece.at(7), OneSide);
+    piece.frame("Origin", piece.at(6), nullptr);
+    piece.frame("Dart", piece.at(3), nullptr);
+    ControlFrame *side = piece.frame("Side", piece.at(5), nullptr);
+    EXPECT_EQ(side->adjustMeasureLevel(ControlBase::MeasureLevel_Measure, side->getMeasures(-1) + 4.0, 0.0,
+                                       nullptr, false, -1),
+              Msg_Moved);
+    EXPECT_EQ(str(*piece.at(5)), "26.00 20.00");
+    EXPECT_GT(hole->x(), 11.2);
+    EXPECT_EQ(str(*piece.dart()->innerLegVectors(0).front()), "9.90 9.00");
+    EXPECT_EQ(str(*piece.dart()->innerLegVectors(1).front()), "11.10 9.00");
+}
+
 TEST(FrameMoves, aNextChangeLeavesThePivotsOfOtherSizesAlone)
 {
     ControlledPiece piece(bodiceWithDart());
@@ -269,6 +286,35 @@ TEST(FrameMoves, vector2OfAOneSidedFrameGoesAlongUnlessItLiesOnTheAxis)
     EXPECT_EQ(str(*piece.right(5)), "40.00 52.00");
     EXPECT_EQ(str(*piece.left(5)), "0.00 52.00");
     EXPECT_EQ(str(*onAxis), "20.00 50.00");
+}
+
+TEST(FrameMoves, vector2OffTheAxisGoesAlongThoughTheContourLiesStraightBehindIt)
+{
+    RectangleUnderControl piece(OneSide);
+    piece.chord("Origin", 1);
+    CDbPointVOR *inside = piece.group()->addOwnVector(GeoPoint2D(10.0, 37.5));
+    ControlFrame *frame = piece.frame("Frame", piece.right(3), inside);
+    EXPECT_EQ(frame->adjustMeasureLevel(ControlBase::MeasureLevel_Level, 0.0, frame->getLevel(-1) + 2.0,
+                                        nullptr, false, -1),
+              Msg_Moved);
+    EXPECT_EQ(str(*piece.right(3)), "40.00 32.00");
+    EXPECT_EQ(str(*inside), "10.00 39.50");
+    EXPECT_EQ(str(*piece.left(4)), "0.00 40.00");
+}
+
+TEST(FrameMoves, ofTwoVectorsStraightAcrossTheFartherIsTheOpposite)
+{
+    for (const int nearer : {4, 2}) {
+        RectangleUnderControl piece(OneSide);
+        piece.chord("Origin", 1);
+        ControlFrame *waist = piece.halfChord("Waist", 3);
+        piece.chord("Chest", 5);
+        *piece.left(nearer) = GeoPoint2D(10.0, 30.0);
+        (void)waist->adjustMeasureLevel(ControlBase::MeasureLevel_Level, 0.0, waist->getLevel(-1) + 2.0,
+                                        nullptr, false, -1);
+        EXPECT_EQ(str(*piece.left(3)), "0.00 32.00") << nearer;
+        EXPECT_NE(str(*piece.left(nearer)), "10.00 32.00") << nearer;
+    }
 }
 
 TEST(FrameMoves, withoutANeighbourTheEndOfThePieceTravelsWithVector1AlsoWhereTheFarSideIsHeld)
