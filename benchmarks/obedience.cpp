@@ -1,22 +1,62 @@
-// Does the piece obey? A table over frames and segments of every kind, on the garment pieces and on the nests
-// named on the command line.
+// Does the piece obey? A table over frames and segments of every kind, on the garment pieces, or on the
+// documents and nests named on the command line.
 //
-//     obedience [NEST.json ...]
+//     obedience [FILE ...]
 
+#include <VorConjoin/CDbGroupObject.h>
+#include <VorConjoin/GabaritObject.h>
+#include <VorDocument/DocumentFile.h>
+#include <VorDocument/PatternDocument.h>
 #include <support/Obedience.h>
 
 #include <cstdio>
 
+namespace
+{
+
+using namespace VorSystem;
+
+support::Piece copied(const CDbGroupObject &model)
+{
+    support::Piece piece;
+    piece.group.reset(model.copy());
+    piece.gabarit = piece.group->firstGabarit();
+    piece.contour = piece.gabarit->contourVectors();
+    piece.dart = piece.gabarit->mFirstDart;
+    return piece;
+}
+
+// The pieces of a document without their own controls; none for another file.
+std::vector<support::Subject> documentSubjects(const char *path)
+{
+    std::vector<support::Subject> subjects;
+    const auto document = std::make_shared<PatternDocument>();
+    if (!loadDocument(QString::fromLocal8Bit(path), *document) || !document->gradationData())
+        return subjects;
+    for (const CDbGroupObject *piece : document->pieces()) {
+        if (piece->firstGabarit())
+            subjects.push_back({piece->name().toStdString(), [document, piece] { return copied(*piece); },
+                                *document->gradationData()});
+    }
+    return subjects;
+}
+
+} // namespace
+
 int main(int count, char **arguments)
 {
-    std::vector<support::Subject> subjects = support::garmentSubjects();
+    std::vector<support::Subject> subjects;
+    if (count == 1)
+        subjects = support::garmentSubjects();
     for (int argument = 1; argument < count; ++argument) {
-        const std::vector<support::Subject> nest = support::nestSubjects(arguments[argument]);
-        if (nest.empty()) {
-            std::fprintf(stderr, "%s: no nest there\n", arguments[argument]);
+        std::vector<support::Subject> found = documentSubjects(arguments[argument]);
+        if (found.empty())
+            found = support::nestSubjects(arguments[argument]);
+        if (found.empty()) {
+            std::fprintf(stderr, "%s: no document and no nest\n", arguments[argument]);
             return 1;
         }
-        subjects.insert(subjects.end(), nest.begin(), nest.end());
+        subjects.insert(subjects.end(), found.begin(), found.end());
     }
 
     const support::ObedienceOptions options;

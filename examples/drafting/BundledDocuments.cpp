@@ -43,7 +43,10 @@ void tie(PatternDocument &document, FrameSet *set, GabaritObject *gabarit,
             center = set->newCenter(control.name);
             new ControlCenter(a, b, skeleton, center);
             break;
-        case Control::Width: center->setCharacteristic(FrameCenter::Characteristic_TwoSides); [[fallthrough]];
+        case Control::Width:
+            center->setCharacteristic(FrameCenter::Characteristic_TwoSides); // the whole width is drafted
+            new ControlFrame(a, b, skeleton, set->newFrame(control.name, center));
+            break;
         case Control::HalfWidth: new ControlFrame(a, b, skeleton, set->newFrame(control.name, center)); break;
         case Control::Length: {
             auto *length = new ControlSegment(a, b, skeleton, set->newSegment(control.name));

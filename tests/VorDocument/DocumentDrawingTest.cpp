@@ -129,6 +129,45 @@ TEST_F(DocumentDrawingTest, anOverlayMatchesPiecesByName)
     EXPECT_EQ(seen.texts.at("Drawn <&>, size 46"), 2);
 }
 
+TEST_F(DocumentDrawingTest, anOverlayShowsMarksOfBothAndTheSkeletonAfter)
+{
+    PatternDocument after;
+    ASSERT_TRUE(documentFromText(documentToText(document), after));
+    const Seen seen(drawOverlay(document, after, 7));
+
+    EXPECT_EQ(seen.count("path.notch"), 2); // of the bodice
+    EXPECT_EQ(seen.count("path.leg"), 4);   // bodice and back
+    EXPECT_EQ(seen.count("circle.mark"), 2);
+    EXPECT_EQ(seen.count("g.axis"), 1);
+    EXPECT_EQ(seen.count("g.frame"), 1);
+    EXPECT_EQ(seen.count("g.segment"), 1);
+}
+
+TEST_F(DocumentDrawingTest, aSegmentIsInterruptedAtAMouth)
+{
+    GabaritObject *gabarit = document.pieces()[0]->firstGabarit();
+    const DartContour *dart = gabarit->mFirstDart;
+    auto *segment =
+        new ControlSegment(gabarit->neighbor(dart->pICGetVector(Dart_FirstLeg), false),
+                           gabarit->neighbor(dart->pICGetVector(Dart_SecondLeg), true),
+                           document.newSkeleton(gabarit), elements.set->newSegment(text("Across")));
+    ASSERT_TRUE(segment->getContourDirection1To2());
+
+    const QString drawing = QString::fromUtf8(drawDocument(document));
+    const int start = drawing.indexOf(text("class=\"segment\" d="));
+    ASSERT_GE(start, 0);
+    EXPECT_EQ(drawing.mid(start, drawing.indexOf(text("/>"), start) - start).count(QLatin1Char('M')), 2);
+}
+
+TEST_F(DocumentDrawingTest, aLongHeadingIsWrittenSmaller)
+{
+    PatternDocument named;
+    named.setName(text("Bodice"));
+    EXPECT_TRUE(drawDocument(named).contains("font-size=\"16\""));
+    named.setName(QString(100, QLatin1Char('B')));
+    EXPECT_FALSE(drawDocument(named).contains("font-size=\"16\""));
+}
+
 TEST_F(DocumentDrawingTest, passesOverControlObjectsThatHaveNoPlace)
 {
     CDbGroupObject *bare = document.copyPiece(document.pieces()[0], text("Bare"));

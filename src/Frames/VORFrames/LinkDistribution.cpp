@@ -40,6 +40,24 @@ QListEx<double> changeOfLevels(const ValuesAccordingSizes &levels, const ValuesA
     return delta;
 }
 
+// A frame that was never evaluated has no list to be changed: before anything moves it takes what its piece
+// shows.
+void readMissingMeasures(const QListEx<FrameFrame *> &frames)
+{
+    for (FrameFrame *frame : frames) {
+        if (frame->getMeasureBySizes()->mValues.isEmpty())
+            frame->reevaluateElementObject(Evaluation_Measure);
+    }
+}
+
+void readMissingLevels(const QListEx<FrameFrame *> &frames)
+{
+    for (FrameFrame *frame : frames) {
+        if (frame->getLevelBySizes()->mValues.isEmpty())
+            frame->reevaluateElementObject(Evaluation_Level);
+    }
+}
+
 ValuesAccordingSizes raised(const ValuesAccordingSizes &levels, const QListEx<double> &delta)
 {
     ValuesAccordingSizes result = levels;
@@ -240,6 +258,7 @@ bool FrameLink::leaveMeasures(ValuesAccordingSizes &measures, const GradationDat
     CDbFrameModifyMeasure strategy(*this, measures, mMeasures, action);
     bool all = true;
     const QListEx<FrameFrame *> frames = mFrames;
+    readMissingMeasures(frames);
     for (FrameFrame *frame : frames) {
         ValuesAccordingSizes share = *frame->getMeasureBySizes();
         strategy.calculateNewMeasure(*frame, &share);
@@ -257,6 +276,7 @@ bool FrameLink::leaveLevels(ValuesAccordingSizes &levels, const GradationData *g
 
     const QListEx<double> delta = changeOfLevels(levels, mLevels, mLevels.mValues.count());
     const QListEx<FrameFrame *> frames = mFrames;
+    readMissingLevels(frames);
     for (FrameFrame *frame : frames) {
         ValuesAccordingSizes raisedLevels = raised(*frame->getLevelBySizes(), delta);
         if (!moved(*frame, ControlBase::MeasureLevel_Level, nullptr, &raisedLevels, gradation, action))
@@ -275,6 +295,8 @@ bool FrameLink::leaveMeasuresAndLevels(ValuesAccordingSizes &measures, ValuesAcc
     const QListEx<double> delta = changeOfLevels(levels, mLevels, mMeasures.mValues.count());
     CDbFrameModifyMeasure strategy(*this, measures, mMeasures, action);
     const QListEx<FrameFrame *> frames = mFrames;
+    readMissingMeasures(frames);
+    readMissingLevels(frames);
     for (FrameFrame *frame : frames) {
         ValuesAccordingSizes raisedLevels = raised(*frame->getLevelBySizes(), delta);
         ValuesAccordingSizes share = *frame->getMeasureBySizes();
@@ -299,8 +321,8 @@ bool FrameLink::adjustFramesSameLevel(eFrameReevaluate mode)
             return false;
         common.mValues.append(level);
     }
-    if (mode != Reevaluate_Apply)
-        return true;
+    if (mode != Reevaluate_Apply || common.mValues.isEmpty())
+        return true; // a link that was never evaluated has no level to bring its frames to
 
     const GradationData *const gradation = gradationOf(document());
     const QListEx<FrameFrame *> frames = mFrames;

@@ -156,6 +156,9 @@ TEST_F(SegmentsOnAPiece, readTheirLength)
     EXPECT_TRUE(first->evaluateMeasurement(-1, value));
     EXPECT_NEAR(value, 30.0, 1e-9);
     EXPECT_EQ(support::str(*first->getMeasureBySizes()), "27.00 28.00 29.00 [30.00] 31.00 32.00 33.00");
+    QListEx<double> values; // replaced, whatever its length
+    EXPECT_TRUE(first->evaluateMeasures(piece.gradation(), values));
+    EXPECT_EQ(support::str(ValuesAccordingSizes{values, 3}), "27.00 28.00 29.00 [30.00] 31.00 32.00 33.00");
     EXPECT_FALSE(first->canBeDestroyedInBatch());
 }
 
@@ -178,6 +181,37 @@ TEST_F(SegmentsOnAPiece, withoutANestShiftedSizesAreNoWish)
     EXPECT_TRUE(first->applyMeasures(wanted, piece.gradation(), ModifyLevel_AllSizes)); // the nest alone
     first->evaluateMeasurementObject(-1, value);
     EXPECT_NEAR(value, 99.0, 1e-4);
+}
+
+TEST_F(SegmentsOnAPiece, withANestOnlyTheActionThatDoesNothingIsNoWish)
+{
+    ValuesAccordingSizes wanted = support::plus(*first->getMeasureBySizes(), 2.0);
+    EXPECT_TRUE(first->applyMeasures(wanted, piece.gradation(), ModifyLevel_Nothing));
+    double value = 0.0;
+    first->evaluateMeasurementObject(-1, value);
+    EXPECT_NEAR(value, 30.0, 1e-9);
+    wanted.mValues[0] += 1.0; // shifted to the present nest, the smallest size alone differs
+    EXPECT_TRUE(first->applyMeasures(wanted, piece.gradation(), ModifyLevel_ShiftedSizes));
+    EXPECT_EQ(support::str(*first->getMeasureBySizes()), "28.00 28.00 29.00 [30.00] 31.00 32.00 33.00");
+}
+
+TEST_F(SegmentsOnAPiece, oneValueIsALengthForTheNest)
+{
+    const double measure = 32.0;
+    EXPECT_TRUE(first->applyValues(&measure, &measure, nullptr)); // the level plays no part
+    double value = 0.0;
+    first->evaluateMeasurementObject(-1, value);
+    EXPECT_NEAR(value, 32.0, 1e-4);
+}
+
+TEST_F(SegmentsOnAPiece, anInnerVectorThatTheSegmentTakesAlongIsMovedByItsFormula)
+{
+    CDbPointVOR *const inner = piece.group()->addOwnVector({20.0, 30.0});
+    FrameSegment *const marker =
+        piece.segment("Marker", inner, inner, FrameSegment::Displace_AlongY)->getFrameSegment();
+    EXPECT_FALSE(first->influenceGeometrically(marker));
+    first->setFormulaMeasurement(formula("30", piece.set()));
+    EXPECT_TRUE(first->influenceGeometrically(marker));
 }
 
 TEST_F(SegmentsOnAPiece, aFormulaThatMovesTheOtherSegmentIsKnownToDoSo)
@@ -208,6 +242,30 @@ TEST_F(SegmentsOnAPiece, aFormulaThatCannotBeOrderedStaysAndCostsTheControlObjec
     delete old; // neither restored nor deleted: its holder's
 }
 
+TEST_F(SegmentsOnAPiece, theMessageComesWhenTheControlObjectIsGone)
+{
+    class AskingApplication : public support::RecordingApplication
+    {
+    public:
+        void showMessage(const QString &text, const QString &title, int icon) override
+        {
+            RecordingApplication::showMessage(text, title, icon);
+            titles << title;
+            wasDefined << segment->isDefinedInDocument();
+        }
+        FrameSegment *segment = nullptr;
+        QStringList titles;
+        QList<bool> wasDefined;
+    };
+    AskingApplication asking;
+    asking.segment = second;
+    first->setFormulaMeasurement(formula("30", piece.set()));
+    second->setFormulaMeasurement(formula("31", piece.set()));
+    EXPECT_EQ(asking.mMessages, QStringList{name(kInterferes)});
+    EXPECT_EQ(asking.titles, QStringList{QString()});
+    EXPECT_EQ(asking.wasDefined, QList<bool>{false});
+}
+
 TEST_F(SegmentsOnAPiece, aHostThatRemovesTheControlObjectWhileToldOfTheChangeDoesNoHarm)
 {
     class RemovingGroup : public CDbGroupObject
@@ -228,6 +286,26 @@ TEST_F(SegmentsOnAPiece, aHostThatRemovesTheControlObjectWhileToldOfTheChangeDoe
     ASSERT_TRUE(group->segment->isDefinedInDocument());
     group->segment->removeControlSegmentCorrespondent();
     EXPECT_FALSE(group->segment->isDefinedInDocument());
+}
+
+TEST_F(SegmentsOnAPiece, oneLengthThatCannotBeAppliedIsNotStored)
+{
+    first->getDisplace() = static_cast<FrameSegment::eDisplaceType>(9); // moves nothing
+    const std::string before = support::str(*first->getMeasureBySizes());
+    const double measure = 32.0;
+    EXPECT_FALSE(first->applyValues(&measure, static_cast<const double *>(nullptr), nullptr));
+    EXPECT_EQ(support::str(*first->getMeasureBySizes()), before);
+    EXPECT_TRUE(application.mMessages.isEmpty()); // no formula, nothing lost
+    EXPECT_TRUE(piece.set()->removedFormulas().isEmpty());
+}
+
+TEST_F(SegmentsOnAPiece, aListIsStoredBeforeThePieceIsAsked)
+{
+    piece.document().mHasGradation = false; // nothing can be moved without one
+    const QListEx<double> wanted{29, 30, 31, 32, 33, 34, 35};
+    EXPECT_THROW(first->applyValues(&wanted, static_cast<const QListEx<double> *>(nullptr), nullptr),
+                 AssertionError);
+    EXPECT_EQ(support::str(*first->getMeasureBySizes()), "29.00 30.00 31.00 [32.00] 33.00 34.00 35.00");
 }
 
 TEST_F(SegmentsOnAPiece, aLengthThatCannotBeAppliedCostsTheFormula)

@@ -22,7 +22,6 @@ namespace VorSystem
 namespace
 {
 
-constexpr double kNotchLength = 5.0;   // mm
 constexpr double kSizeLabel = 4.0;     // mm high at most; less where sizes lie close
 constexpr double kRoomForLabels = 2.4; // mm between neighbouring sizes
 
@@ -49,11 +48,6 @@ const char kStyle[] = R"(
  text.name, text.small { paint-order: stroke; stroke: #ffffff; stroke-opacity: 0.8; stroke-width: 1.6px }
  text.heading { font-weight: bold; letter-spacing: 0.5px }
  text.small { fill: #444444 }
- .skeleton text { paint-order: stroke; stroke: #ffffff; stroke-opacity: 0.8; stroke-width: 1.4px }
- .axis path { stroke: #00796b; stroke-width: 0.7; stroke-dasharray: 10 2 2 2 }
- .frame path { stroke: #00796b; stroke-width: 0.8 }
- .segment path { stroke: #b8860b; stroke-width: 2.6; stroke-opacity: 0.45 }
- .axis text, .frame text { fill: #00594f } .segment text { fill: #7a5a00 }
 )";
 
 short nestOf(const PatternDocument &document)
@@ -74,7 +68,7 @@ std::size_t looksOf(short size, short nest)
 
 QByteArray styleOf(const PatternDocument &document)
 {
-    QByteArray style = kStyle;
+    QByteArray style = QByteArray(kStyle) + kSkeletonStyle;
     for (short size = 1; size <= sizeCountOf(document); ++size) {
         if (size == nestOf(document))
             continue;
@@ -150,12 +144,7 @@ private:
         sheet.strands(QStringLiteral("leg"), drawn.dartLegs(), place);
         if (size == nestOf(mDocument))
             sheet.strands(QStringLiteral("cap"), drawn.dartCaps(), place);
-        for (const NotchTick &notch : drawn.notches()) {
-            const GeoPoint2D foot = place.on(notch.foot);
-            const GeoPoint2D end(foot.mX + kNotchLength * notch.outwards.mX,
-                                 foot.mY - kNotchLength * notch.outwards.mY);
-            sheet.line(QStringLiteral("notch"), foot, end);
-        }
+        sheet.notches(drawn.notches(), place);
         drawSizeLabel(sheet, place, size);
         sheet.endGroup();
     }
@@ -221,7 +210,7 @@ private:
         if (const Mirror *mirror = mPiece.Miroir())
             drawMirror(sheet, place, *mirror);
         for (const DrillHole &hole : mPiece.drillHoles())
-            drawDrillHole(sheet, place.on(drawn.placeOf(hole.place)));
+            sheet.drillHole(place.on(drawn.placeOf(hole.place)));
         for (const GrainLine &grain : mPiece.grainLines())
             drawGrain(sheet, place.on(drawn.placeOf(grain.anchor)), grain);
         sheet.endGroup();
@@ -297,29 +286,12 @@ private:
         // Across the extent of the piece, a little further at both ends.
         const GeoPoint2D a = mirror.axisA();
         const GeoPoint2D b = mirror.axisB();
-        double least = 0.0;
-        double most = 0.0;
-        bool isFirst = true;
-        for (const GabaritObject *gabarit = mPiece.firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit) {
-            for (const CDbPointVOR *v : gabarit->contourVectors()) {
-                const double t = CDbPointVOR::scaleProjeced(a, b, base().placeOf(v));
-                least = isFirst ? t : std::min(least, t);
-                most = isFirst ? t : std::max(most, t);
-                isFirst = false;
-            }
-        }
+        const auto [least, most] = base().reachAlong(a, b);
         const double beyond = 1.0 / a.distance(b);
         const auto at = [&](double t) {
             return GeoPoint2D(a.mX + t * (b.mX - a.mX), a.mY + t * (b.mY - a.mY));
         };
         sheet.line(QStringLiteral("mirror"), place.on(at(least - beyond)), place.on(at(most + beyond)));
-    }
-
-    static void drawDrillHole(SvgSheet &sheet, const GeoPoint2D &at)
-    {
-        sheet.circle(QStringLiteral("mark"), at, 2.5);
-        sheet.line(QStringLiteral("mark"), GeoPoint2D(at.mX - 4.0, at.mY), GeoPoint2D(at.mX + 4.0, at.mY));
-        sheet.line(QStringLiteral("mark"), GeoPoint2D(at.mX, at.mY - 4.0), GeoPoint2D(at.mX, at.mY + 4.0));
     }
 
     // Every centimetre of what is drawn in the piece.
@@ -336,7 +308,7 @@ private:
                                 from.mY + grain.length * grain.direction.mY);
             appendPoints(CubicCurve::straight(from, to), points);
         }
-        for (const CubicCurve &line : skeletonLines(mPiece))
+        for (const CubicCurve &line : skeletonLines(mPiece, base()))
             appendPoints(line, points);
         for (const DrillHole &hole : mPiece.drillHoles())
             points.push_back(base().placeOf(hole.place));
@@ -405,8 +377,7 @@ QByteArray drawDocument(const PatternDocument &document, const DrawingOptions &o
     const SheetLayout layout(extents);
 
     SvgSheet sheet(layout.width, layout.height, document.name(), styleOf(document));
-    sheet.text(QStringLiteral("heading"), GeoPoint2D(SheetLayout::kMargin, 30.0), 16.0, document.name(),
-               "start");
+    sheet.heading(document.name(), SheetLayout::kMargin, layout.width - 2.0 * SheetLayout::kMargin);
     for (std::size_t piece = 0; piece < drawings.size(); ++piece)
         drawings[piece].draw(sheet, layout.places[piece], options);
 

@@ -1,6 +1,7 @@
 // Two documents on top of each other: what a change did.
 
 #include "SheetLayout.h"
+#include "SkeletonDrawing.h"
 
 #include <VorConjoin/CDbGroupObject.h>
 #include <VorConjoin/GradationData.h>
@@ -16,10 +17,11 @@ namespace
 
 const char kStyle[] = R"(
  .sheet { fill: #ffffff }
- path { fill: none; stroke: #1a1a1a; stroke-width: 0.6; stroke-linejoin: round; stroke-linecap: round }
+ path, circle { fill: none; stroke: #1a1a1a; stroke-width: 0.6; stroke-linejoin: round; stroke-linecap: round }
  text { font-family: 'DejaVu Sans', 'Liberation Sans', Arial, sans-serif; fill: #1a1a1a }
- .before path { stroke: #8a8a8a; stroke-width: 0.9; stroke-dasharray: 6 3 }
- .after path { stroke: #c0392b; stroke-width: 1.1 }
+ .before path, .before circle { stroke: #8a8a8a; stroke-width: 0.9; stroke-dasharray: 6 3 }
+ .after path, .after circle { stroke: #c0392b; stroke-width: 1.1 }
+ .before path.inner, .after path.inner { stroke-width: 0.5 }
  .after path.face { fill: #fdf1ee; stroke: none }
  text.name, text.heading { font-weight: bold }
  text.name { paint-order: stroke; stroke: #ffffff; stroke-opacity: 0.8; stroke-width: 1.6px }
@@ -37,13 +39,23 @@ short sizeIn(const PatternDocument &document, short sizeNumber)
     return sizeNumber > 0 ? sizeNumber : GradationData::nestNumber(document.gradationData());
 }
 
-void drawShape(SvgSheet &sheet, const QString &side, const SheetPlace &place, const PieceShape &shape)
+void drawShape(SvgSheet &sheet, const QString &side, const SheetPlace &place, const CDbGroupObject &piece,
+               const PieceShape &shape)
 {
     sheet.beginGroup(side, side);
     if (side == QLatin1String("after"))
         sheet.strands(QStringLiteral("face"), shape.faces(), place);
     sheet.strands(QStringLiteral("seam"), shape.seamLines(), place);
     sheet.strands(QStringLiteral("leg"), shape.dartLegs(), place);
+    sheet.strands(QStringLiteral("inner"), shape.innerCurves(), place);
+    for (const InnerLine &line : piece.innerLines()) {
+        if (line.use == InnerLine::Inner)
+            sheet.line(QStringLiteral("inner"), place.on(shape.placeOf(line.from)),
+                       place.on(shape.placeOf(line.to)));
+    }
+    for (const DrillHole &hole : piece.drillHoles())
+        sheet.drillHole(place.on(shape.placeOf(hole.place)));
+    sheet.notches(shape.notches(), place);
     sheet.endGroup();
 }
 
@@ -97,21 +109,27 @@ QByteArray drawOverlay(const PatternDocument &before, const PatternDocument &aft
     const QString size = after.sizeName(sizeIn(after, sizeNumber));
     const QString heading =
         size.isEmpty() ? after.name() : QStringLiteral("%1, size %2").arg(after.name(), size);
-    SvgSheet sheet(layout.width, layout.height, heading, kStyle);
-    sheet.text(QStringLiteral("heading"), GeoPoint2D(SheetLayout::kMargin, 30.0), 16.0, heading, "start");
+    SvgSheet sheet(layout.width, layout.height, heading, QByteArray(kStyle) + kSkeletonStyle);
+    sheet.heading(heading, SheetLayout::kMargin, layout.width - 2.0 * SheetLayout::kMargin);
     for (std::size_t i = 0; i < changes.size(); ++i) {
         const Change &change = changes[i];
         const CDbGroupObject &named = change.after ? *change.after : *change.before;
         sheet.beginGroup(QStringLiteral("piece"), named.name());
         if (change.after)
-            drawShape(sheet, QStringLiteral("after"), layout.places[i], shapeAfter(*change.after));
+            drawShape(sheet, QStringLiteral("after"), layout.places[i], *change.after,
+                      shapeAfter(*change.after));
         if (change.before)
-            drawShape(sheet, QStringLiteral("before"), layout.places[i], shapeBefore(*change.before));
+            drawShape(sheet, QStringLiteral("before"), layout.places[i], *change.before,
+                      shapeBefore(*change.before));
+        if (change.after)
+            drawSkeletons(sheet, layout.places[i], *change.after, shapeAfter(*change.after));
         std::vector<GeoPoint2D> obstacles;
         const PieceShape shape = change.after ? shapeAfter(named) : shapeBefore(named);
         shape.appendTrail(obstacles);
         if (change.before)
             shapeBefore(*change.before).appendTrail(obstacles);
+        for (const CubicCurve &line : skeletonLines(named, shape))
+            appendPoints(line, obstacles);
         sheet.name(named.name(), shape, obstacles, layout.places[i]);
         sheet.endGroup();
     }

@@ -244,17 +244,24 @@ std::vector<Strand> PieceShape::innerCurves() const
     return strands;
 }
 
-Strand PieceShape::stretch(const GabaritObject *gabarit, const CDbPointVOR *from, const CDbPointVOR *to,
-                           bool forward) const
+std::vector<Strand> PieceShape::stretch(const GabaritObject *gabarit, const CDbPointVOR *from,
+                                        const CDbPointVOR *to, bool forward) const
 {
-    Strand strand;
+    std::vector<Strand> strands;
+    bool isInterrupted = true;
     for (int steps = gabarit->contourCount(); from && from != to && steps > 0; --steps) {
         const CDbPointVOR *next = gabarit->neighbor(from, forward);
-        if (next)
-            strand.curves.push_back(edge(from, next));
+        if (!next || gabarit->isDeadEdge(from, next)) {
+            isInterrupted = true;
+        } else {
+            if (isInterrupted)
+                strands.emplace_back();
+            strands.back().curves.push_back(edge(from, next));
+            isInterrupted = false;
+        }
         from = next;
     }
-    return strand;
+    return strands;
 }
 
 double PieceShape::turning(const GabaritObject *gabarit) const
@@ -383,6 +390,22 @@ GeoRectangle PieceShape::extent() const
             extent.include(placeOf(v));
     }
     return extent;
+}
+
+std::pair<double, double> PieceShape::reachAlong(const GeoPoint2D &a, const GeoPoint2D &b) const
+{
+    double least = 0.0;
+    double most = 0.0;
+    bool isFirst = true;
+    for (const GabaritObject *gabarit = mPiece.firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit) {
+        for (const CDbPointVOR *v : gabarit->contourVectors()) {
+            const double t = CDbPointVOR::scaleProjeced(a, b, placeOf(v));
+            least = isFirst ? t : std::min(least, t);
+            most = isFirst ? t : std::max(most, t);
+            isFirst = false;
+        }
+    }
+    return {least, most};
 }
 
 GeoPoint2D PieceShape::middle() const

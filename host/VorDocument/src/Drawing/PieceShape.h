@@ -5,6 +5,7 @@
 
 #include <VorGeo/GeoRectangle.h>
 
+#include <utility>
 #include <vector>
 
 namespace VorSystem
@@ -47,9 +48,9 @@ public:
     std::vector<Strand> dartCaps() const;
     /// Lines and curves inside the piece that are no legs.
     std::vector<Strand> innerCurves() const;
-    /// The stretch of a contour between two of its vectors.
-    Strand stretch(const GabaritObject *gabarit, const CDbPointVOR *from, const CDbPointVOR *to,
-                   bool forward) const;
+    /// The seam between two vectors of a contour, without the mouths of darts.
+    std::vector<Strand> stretch(const GabaritObject *gabarit, const CDbPointVOR *from, const CDbPointVOR *to,
+                                bool forward) const;
     /// Outside the seam by the width of each edge; none where no edge has a width.
     std::vector<Strand> cutLines() const;
     std::vector<NotchTick> notches() const;
@@ -62,6 +63,9 @@ public:
     GeoPoint2D clearing(const std::vector<GeoPoint2D> &points, double halfWidth, double halfHeight) const;
 
     GeoRectangle extent() const;
+    /// How far the contours reach along the line from a to b: parameters of it, 0 at a and 1 at b. Both 0
+    /// without contours.
+    std::pair<double, double> reachAlong(const GeoPoint2D &a, const GeoPoint2D &b) const;
     /// Middle of the area of the first contour.
     GeoPoint2D middle() const;
 

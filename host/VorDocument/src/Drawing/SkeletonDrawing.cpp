@@ -11,8 +11,18 @@
 #include <VorFrames/FrameFrame.h>
 #include <VorFrames/FrameSegment.h>
 
+#include <algorithm>
+
 namespace VorSystem
 {
+
+const char kSkeletonStyle[] = R"(
+ .skeleton text { paint-order: stroke; stroke: #ffffff; stroke-opacity: 0.8; stroke-width: 1.4px }
+ .axis path { stroke: #00796b; stroke-width: 0.7; stroke-dasharray: 10 2 2 2 }
+ .frame path { stroke: #00796b; stroke-width: 0.8 }
+ .segment path { stroke: #b8860b; stroke-width: 2.6; stroke-opacity: 0.45 }
+ .axis text, .frame text { fill: #00594f } .segment text { fill: #7a5a00 }
+)";
 
 namespace
 {
@@ -41,13 +51,31 @@ bool hasChord(const ControlFrame &frame)
     return hasEnds(&frame) || (frame.getVectorContour1() && hasEnds(frame.getSkeleton()->getFrameCenter()));
 }
 
-void drawCenter(SvgSheet &sheet, const SheetPlace &place, const ControlCenter &center)
+// The chord of a frame in the size of the shape; the frame has one.
+CubicCurve chordOf(const PieceShape &shape, const ControlFrame &frame)
+{
+    const GeoPoint2D from = shape.placeOf(frame.getVectorContour1());
+    if (frame.getVectorContour2())
+        return CubicCurve::straight(from, shape.placeOf(frame.getVectorContour2()));
+    const ControlCenter *center = frame.getSkeleton()->getFrameCenter();
+    return CubicCurve::straight(from, from.projected(shape.placeOf(center->getVectorContour1()),
+                                                     shape.placeOf(center->getVectorContour2())));
+}
+
+// The axis is lengthened to where the piece ends.
+void drawCenter(SvgSheet &sheet, const SheetPlace &place, const PieceShape &shape,
+                const ControlCenter &center)
 {
     if (!hasEnds(&center))
         return;
-    const auto ends = center.calculatePositionEnd();
-    const GeoPoint2D from = place.on(ends.first);
-    const GeoPoint2D to = place.on(ends.second);
+    const GeoPoint2D a = shape.placeOf(center.getVectorContour1());
+    const GeoPoint2D b = shape.placeOf(center.getVectorContour2());
+    const auto [least, most] = shape.reachAlong(a, b);
+    const auto at = [&](double t) {
+        return place.on(GeoPoint2D(a.mX + t * (b.mX - a.mX), a.mY + t * (b.mY - a.mY)));
+    };
+    const GeoPoint2D from = at(std::min(least, 0.0));
+    const GeoPoint2D to = at(std::max(most, 1.0));
     const GeoPoint2D &upper = from.mY < to.mY ? from : to;
     const QString name = nameOf(center.Get_Frame_Centre());
     sheet.beginGroup(QStringLiteral("axis"), name);
@@ -56,12 +84,13 @@ void drawCenter(SvgSheet &sheet, const SheetPlace &place, const ControlCenter &c
     sheet.endGroup();
 }
 
-void drawFrame(SvgSheet &sheet, const SheetPlace &place, const ControlFrame &frame)
+void drawFrame(SvgSheet &sheet, const SheetPlace &place, const PieceShape &shape, const ControlFrame &frame)
 {
     if (!hasChord(frame))
         return;
-    const GeoPoint2D from = place.on(*frame.getVectorContour1());
-    const GeoPoint2D to = place.on(frame.calculateExtremity());
+    const CubicCurve chord = chordOf(shape, frame);
+    const GeoPoint2D from = place.on(chord.a);
+    const GeoPoint2D to = place.on(chord.d);
     const QString name = nameOf(frame.getFrameFrame());
     sheet.beginGroup(QStringLiteral("frame"), name);
     sheet.line(QStringLiteral("frame"), from, to);
@@ -80,13 +109,14 @@ void drawSegment(SvgSheet &sheet, const SheetPlace &place, const PieceShape &sha
     const QString name = nameOf(segment.getFrameSegment());
     sheet.beginGroup(QStringLiteral("segment"), name);
     const bool isOnContour = gabarit->isVectorContour(first) && gabarit->isVectorContour(second);
-    Strand way = {{CubicCurve::straight(*first, *second)}, false};
+    std::vector<Strand> way = {{{CubicCurve::straight(shape.placeOf(first), shape.placeOf(second))}, false}};
     if (isOnContour)
         way = shape.stretch(gabarit, first, second, segment.getContourDirection1To2());
-    sheet.strands(QStringLiteral("segment"), {way}, place);
-    if (!way.curves.empty()) {
-        // Beside the middle of the stretch, towards the inside.
-        const GeoPoint2D at = place.on(way.curves[way.curves.size() / 2].at(0.4));
+    sheet.strands(QStringLiteral("segment"), way, place);
+    if (!way.empty()) {
+        // Beside the middle of its first part, towards the inside.
+        const std::vector<CubicCurve> &curves = way.front().curves;
+        const GeoPoint2D at = place.on(curves[curves.size() / 2].at(0.4));
         const bool isRight = at.mX > place.on(shape.middle()).mX;
         sheet.text(QStringLiteral("label"), GeoPoint2D(at.mX + (isRight ? -4.0 : 4.0), at.mY), kLetters, name,
                    isRight ? "end" : "start");
@@ -109,14 +139,14 @@ void drawSkeletons(SvgSheet &sheet, const SheetPlace &place, const CDbGroupObjec
             drawSegment(sheet, place, shape, gabarit, *segment);
         const QListEx<ControlFrame *> frames = skeleton->getFrameLists();
         for (const ControlFrame *frame : frames)
-            drawFrame(sheet, place, *frame);
+            drawFrame(sheet, place, shape, *frame);
         if (const ControlCenter *center = skeleton->getFrameCenter())
-            drawCenter(sheet, place, *center);
+            drawCenter(sheet, place, shape, *center);
         sheet.endGroup();
     }
 }
 
-std::vector<CubicCurve> skeletonLines(const CDbGroupObject &piece)
+std::vector<CubicCurve> skeletonLines(const CDbGroupObject &piece, const PieceShape &shape)
 {
     std::vector<CubicCurve> lines;
     for (GabaritObject *gabarit = piece.firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit) {
@@ -125,12 +155,12 @@ std::vector<CubicCurve> skeletonLines(const CDbGroupObject &piece)
             continue;
         const ControlCenter *center = skeleton->getFrameCenter();
         if (hasEnds(center))
-            lines.push_back(CubicCurve::straight(*center->getVectorContour1(), *center->getVectorContour2()));
+            lines.push_back(CubicCurve::straight(shape.placeOf(center->getVectorContour1()),
+                                                 shape.placeOf(center->getVectorContour2())));
         const QListEx<ControlFrame *> frames = skeleton->getFrameLists();
         for (const ControlFrame *frame : frames) {
             if (hasChord(*frame))
-                lines.push_back(
-                    CubicCurve::straight(*frame->getVectorContour1(), frame->calculateExtremity()));
+                lines.push_back(chordOf(shape, *frame));
         }
     }
     return lines;

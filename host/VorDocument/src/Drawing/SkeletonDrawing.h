@@ -6,11 +6,14 @@
 namespace VorSystem
 {
 
-/// Draws the skeletons of a piece as it stands in the nest.
+/// Styles of what drawSkeletons draws.
+extern const char kSkeletonStyle[];
+
+/// Draws the skeletons of a piece in the size of its shape.
 void drawSkeletons(SvgSheet &sheet, const SheetPlace &place, const CDbGroupObject &piece,
                    const PieceShape &shape);
 
 /// Axes and frames as straight lines, for what must keep off them.
-std::vector<CubicCurve> skeletonLines(const CDbGroupObject &piece);
+std::vector<CubicCurve> skeletonLines(const CDbGroupObject &piece, const PieceShape &shape);
 
 } // namespace VorSystem

@@ -6,6 +6,13 @@
 namespace VorSystem
 {
 
+namespace
+{
+
+constexpr double kNotchLength = 5.0; // mm
+
+} // namespace
+
 SvgSheet::SvgSheet(double width, double height, const QString &title, const QByteArray &style) : mXml(&mBytes)
 {
     mXml.setAutoFormatting(true);
@@ -69,6 +76,13 @@ void SvgSheet::text(const QString &classes, const GeoPoint2D &at, double size, c
     mXml.writeEndElement();
 }
 
+void SvgSheet::heading(const QString &words, double left, double width)
+{
+    // Bold letters are hardly wider than two thirds of their height.
+    const double fitting = width / (0.67 * std::max(words.size(), 1));
+    text(QStringLiteral("heading"), GeoPoint2D(left, 30.0), std::min(16.0, fitting), words, "start");
+}
+
 void SvgSheet::line(const QString &classes, const GeoPoint2D &from, const GeoPoint2D &to)
 {
     path(classes, QLatin1Char('M') + pointText(from) + QLatin1Char('L') + pointText(to));
@@ -121,6 +135,23 @@ void SvgSheet::strands(const QString &classes, const std::vector<Strand> &strand
     }
     if (!data.isEmpty())
         path(classes, data);
+}
+
+void SvgSheet::notches(const std::vector<NotchTick> &notches, const SheetPlace &place)
+{
+    for (const NotchTick &notch : notches) {
+        const GeoPoint2D foot = place.on(notch.foot);
+        line(QStringLiteral("notch"), foot,
+             GeoPoint2D(foot.mX + kNotchLength * notch.outwards.mX,
+                        foot.mY - kNotchLength * notch.outwards.mY));
+    }
+}
+
+void SvgSheet::drillHole(const GeoPoint2D &at)
+{
+    circle(QStringLiteral("mark"), at, 2.5);
+    line(QStringLiteral("mark"), GeoPoint2D(at.mX - 4.0, at.mY), GeoPoint2D(at.mX + 4.0, at.mY));
+    line(QStringLiteral("mark"), GeoPoint2D(at.mX, at.mY - 4.0), GeoPoint2D(at.mX, at.mY + 4.0));
 }
 
 GeoPoint2D SvgSheet::name(const QString &name, const PieceShape &shape,

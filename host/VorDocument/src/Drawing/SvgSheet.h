@@ -32,9 +32,15 @@ public:
     /// The text lies along the paper; size is the height of its letters' line in mm.
     void text(const QString &classes, const GeoPoint2D &at, double size, const QString &words,
               const char *anchor = "middle", double turn = 0.0);
+    /// Large letters from left on; smaller ones where the words would not fit into the width, mm.
+    void heading(const QString &words, double left, double width);
     void line(const QString &classes, const GeoPoint2D &from, const GeoPoint2D &to);
     void circle(const QString &classes, const GeoPoint2D &middle, double radius);
     void path(const QString &classes, const QString &data);
+    /// Ticks of 5 mm out of the piece.
+    void notches(const std::vector<NotchTick> &notches, const SheetPlace &place);
+    /// A ring with a cross.
+    void drillHole(const GeoPoint2D &at);
     void strands(const QString &classes, const std::vector<Strand> &strands, const SheetPlace &place);
     /// Writes the name of a piece where it keeps off the points given; the middle of its foot on the sheet.
     GeoPoint2D name(const QString &name, const PieceShape &shape, const std::vector<GeoPoint2D> &obstacles,
