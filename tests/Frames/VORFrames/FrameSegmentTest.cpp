@@ -169,6 +169,25 @@ TEST_F(SegmentsOnAPiece, obeyANewLengthInAllSizes)
     EXPECT_EQ(support::str(*first->getMeasureBySizes()), "29.00 30.00 31.00 [32.00] 33.00 34.00 35.00");
 }
 
+TEST_F(SegmentsOnAPiece, theFirstReevaluationMayBeOfAnyModeAndGradation)
+{
+    for (const bool hasNest : {true, false}) {
+        if (!hasNest)
+            piece.document().mGradation = GradationData();
+        for (const bool isDriven : {false, true}) {
+            first->setFormulaMeasurement(isDriven ? formula("31", piece.set()) : nullptr);
+            for (const eFrameReevaluate mode : {Reevaluate_Ask, Reevaluate_Apply, Reevaluate_Store}) {
+                *first->getMeasureBySizes() = ValuesAccordingSizes();
+                piece.set()->reevaluate(mode);
+                const bool isStored = isDriven || mode != Reevaluate_Ask;
+                EXPECT_EQ(first->getMeasureBySizes()->mValues.count(), isStored ? (hasNest ? 7 : 1) : 0)
+                    << hasNest << isDriven << int(mode);
+            }
+        }
+    }
+    EXPECT_TRUE(application.mMessages.isEmpty());
+}
+
 TEST_F(SegmentsOnAPiece, withoutANestShiftedSizesAreNoWish)
 {
     piece.document().mGradation = GradationData();

@@ -91,6 +91,19 @@ TEST_F(LinksOnAPiece, aMeasureForTheNestMovesTheNest)
     EXPECT_NEAR(a->getMeasures(-1), 42.0, 1e-4);
 }
 
+TEST_F(LinksOnAPiece, aShareWithoutBoundEndsAndIsTold)
+{
+    // The zero test looks at the smallest size, the division at the nest: every frame is wished infinite.
+    link->getMeasureBySizes()->mValues[3] = 0.0;
+    ValuesAccordingSizes wanted = *link->getMeasureBySizes();
+    wanted.mValues[3] = 84.0;
+    EXPECT_FALSE(link->leaveMeasures(wanted, piece.gradation(), ModifyLevel_Nest));
+    wanted.mValues[3] = 0.0; // no number at all
+    link->reevaluate(Reevaluate_Store);
+    link->getMeasureBySizes()->mValues[3] = 0.0;
+    EXPECT_FALSE(link->leaveMeasures(wanted, piece.gradation(), ModifyLevel_Nest));
+}
+
 TEST_F(LinksOnAPiece, aFrameThatFailsDoesNotKeepTheOthersFromTheirMeasure)
 {
     link->unlinkFrames();
