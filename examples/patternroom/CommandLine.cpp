@@ -51,7 +51,7 @@ public:
         flag("yes", "Answer questions with yes.");
         flag("no", "Answer questions with no.");
         mParser.addHelpOption();
-        if (!mParser.parse(QStringList{QStringLiteral("patternroom")} + mWords.mid(1)))
+        if (!mParser.parse(QStringList{QStringLiteral("patternroom")} + placesLast(mWords.mid(1))))
             throw Refusal(mParser.errorText().endsWith(QLatin1Char('.'))
                               ? mParser.errorText()
                               : mParser.errorText() + QLatin1Char('.'),
@@ -112,6 +112,20 @@ public:
     }
 
 private:
+    // A place such as -3,4 behind an argument is no option.
+    static QStringList placesLast(const QStringList &words)
+    {
+        QStringList kept;
+        QStringList places;
+        for (int i = 0; i < words.size(); ++i) {
+            const QString &word = words.at(i);
+            const bool isNegative = word.size() > 1 && word.at(0) == QLatin1Char('-') && word.at(1).isDigit();
+            const bool isBehindOption = i > 0 && words.at(i - 1).startsWith(QLatin1Char('-'));
+            (isNegative && !isBehindOption ? places : kept) << word;
+        }
+        return places.isEmpty() ? kept : kept + QStringList{QStringLiteral("--")} + places;
+    }
+
     // Unit, locale and answers hold for the whole program while the command runs.
     void settle()
     {

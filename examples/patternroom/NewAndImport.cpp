@@ -45,6 +45,8 @@ int import(const ImportOptions &options)
     DocumentReport report;
     if (!importNest(readText(options.file), document, &report))
         throw Refusal(QStringLiteral("Cannot import '%1': %2").arg(options.file, report.error), Exit_File);
+    if (document.name().isEmpty())
+        document.setName(QFileInfo(options.file).baseName());
     for (const QString &lost : qAsConst(report.dropped))
         options.console->tell(lost);
     storeDocument(document, options.output);
