@@ -224,6 +224,24 @@ TEST(FrameMoves, pivotAndCurvedLegsFollowTheTipAsOne)
         EXPECT_LT((*followers[i] - before[i]).distance(GeoPoint2D(0.0, -2.0)), 1e-9) << i;
 }
 
+TEST(FrameMoves, aTipThatHardlyMovesIsNotFollowed)
+{
+    struct {
+        double step; // cm
+        bool followed;
+    } const cases[] = {{5e-05, false}, {1e-04, true}};
+    for (const auto &c : cases) {
+        ControlledPiece piece(frontWithCurvedDart());
+        piece.center(piece.at(0), piece.at(7), OneSide);
+        piece.frame("Origin", piece.at(5), nullptr);
+        ControlFrame *atDart = piece.frame("Dart", piece.at(3), nullptr);
+        (void)atDart->adjustMeasureLevel(ControlBase::MeasureLevel_Level, 0.0, atDart->getLevel(-1) + c.step,
+                                         nullptr, false, -1);
+        EXPECT_NEAR(piece.at(3)->y(), -c.step, 1e-9);
+        EXPECT_NEAR(piece.dart()->innerLegVectors(0).front()->y(), c.followed ? 9.0 - c.step : 9.0, 1e-9);
+    }
+}
+
 TEST(FrameMoves, curvedDartLegsAreNotMorphedWithTheInside)
 {
     ControlledPiece piece(frontWithCurvedDart());
@@ -314,6 +332,25 @@ TEST(FrameMoves, ofTwoVectorsStraightAcrossTheFartherIsTheOpposite)
                                         nullptr, false, -1);
         EXPECT_EQ(str(*piece.left(3)), "0.00 32.00") << nearer;
         EXPECT_NE(str(*piece.left(nearer)), "10.00 32.00") << nearer;
+    }
+}
+
+TEST(FrameMoves, aVectorAcrossThatFacesAnotherPlaceOfTheAxisIsNoOpposite)
+{
+    struct {
+        double height; // cm, of the vector across; the frame lies 30 cm up
+        const char *after;
+    } const cases[] = {{30.15, "0.00 32.15"}, {30.25, "0.00 30.25"}};
+    for (const auto &c : cases) {
+        RectangleUnderControl piece(OneSide);
+        piece.chord("Origin", 1);
+        ControlFrame *waist = piece.halfChord("Waist", 3);
+        piece.chord("Chest", 5);
+        *piece.left(3) = GeoPoint2D(0.0, c.height);
+        (void)waist->adjustMeasureLevel(ControlBase::MeasureLevel_Level, 0.0, waist->getLevel(-1) + 2.0,
+                                        nullptr, false, -1);
+        EXPECT_EQ(str(*piece.right(3)), "40.00 32.00");
+        EXPECT_EQ(str(*piece.left(3)), c.after);
     }
 }
 

@@ -222,7 +222,7 @@ private:
     int mYieldsAt;
 };
 
-eMsgConvergence changeOnStubbornPiece(int yieldsAt)
+Piece stubbornRectangle(int yieldsAt)
 {
     Piece made;
     auto *group = new StubbornGroup(yieldsAt);
@@ -233,7 +233,12 @@ eMsgConvergence changeOnStubbornPiece(int yieldsAt)
         made.contour.push_back(made.gabarit->addContourVector(GeoPoint2D(x, y)));
     group->mHeld = made.contour[2];
     group->mPlace = GeoPoint2D(40.0, 60.0);
-    ControlledPiece piece(std::move(made));
+    return made;
+}
+
+eMsgConvergence changeOnStubbornPiece(int yieldsAt)
+{
+    ControlledPiece piece(stubbornRectangle(yieldsAt));
     ControlSegment *side = piece.segment("Side", piece.at(1), piece.at(2), AlongY);
     const eMsgConvergence result =
         piece.changeMeasures(side, plus(piece.measuresOf(side), 3.0), ModifyLevel_Nest);
@@ -246,6 +251,31 @@ TEST(SegmentChangeOnStubbornPiece, theHundredthPassComesTooLateAlsoWhenItArrives
 {
     EXPECT_EQ(changeOnStubbornPiece(99), Msg_Converged);
     EXPECT_EQ(changeOnStubbornPiece(100), Msg_NotConverged);
+}
+
+// The piece never yields, so the gap stays what it was in the beginning.
+TEST(SegmentChangeOnStubbornPiece, aGapIsMetOrTooSmallToDivergeByItsSize)
+{
+    struct {
+        double gap; // cm
+        eModifyLevelActionType action;
+        eMsgConvergence result;
+        int rebuilds;
+    } const cases[] = {
+        {2e-05, ModifyLevel_Nest, Msg_Converged, 1},
+        {4e-05, ModifyLevel_Nest, Msg_NotConverged, 100},
+        {2e-05, ModifyLevel_AllSizes, Msg_Converged, 1},
+        {4e-04, ModifyLevel_AllSizes, Msg_NotConverged, 100},
+        {6e-04, ModifyLevel_AllSizes, Msg_Diverged, 3},
+        {6e-04, ModifyLevel_Nest, Msg_NotConverged, 100}, // in the nest alone it has to grow
+    };
+    for (const auto &c : cases) {
+        ControlledPiece piece(stubbornRectangle(1000), GradationData());
+        ControlSegment *side = piece.segment("Side", piece.at(1), piece.at(2), AlongY);
+        EXPECT_EQ(piece.changeMeasures(side, plus(piece.measuresOf(side), c.gap), c.action), c.result)
+            << c.gap;
+        EXPECT_EQ(piece.rebuilds(), c.rebuilds) << c.gap;
+    }
 }
 
 TEST(SegmentFaults, everyCallMayFailOrThrow)

@@ -245,7 +245,9 @@ TEST_F(SkeletonSelection, theCenterGoesOnlyWithoutFrames)
     piece.axis->setSelected(false);
     EXPECT_FALSE(piece.skeleton()->backSpaceCenter());
     piece.axis->setSelected(true);
+    lower->getFrameSegment()->getMeasureBySizes()->mValues[3] = 99.0;
     EXPECT_TRUE(piece.skeleton()->backSpaceCenter());
+    EXPECT_EQ(lower->getFrameSegment()->getMeasureBySizes()->mValues[3], 30.0); // the set was evaluated anew
     EXPECT_FALSE(piece.skeleton()->possessControlCenter());
     EXPECT_FALSE(piece.skeleton()->backSpaceCenter());
     EXPECT_FALSE(piece.skeleton()->isEmptySkeleton());
