@@ -160,6 +160,23 @@ TEST_F(SegmentChange, aSegmentAcrossItsDirectionCannotShrink)
     }
 }
 
+TEST_F(SegmentChange, aTinyGapThatGrowsIsNoDivergence)
+{
+    struct {
+        double wish; // cm
+        eMsgConvergence result;
+        int rebuilds;
+    } const cases[] = {{-4e-04, Msg_NotConverged, 100}, {-6e-04, Msg_Diverged, 3}};
+    for (const auto &c : cases) {
+        ControlledPiece fresh(rectangle(40.0, 60.0, 6, 1.0), GradationData());
+        ControlSegment *segment = fresh.segment("Side", fresh.at(6), fresh.at(12), AlongX);
+        EXPECT_EQ(fresh.changeMeasures(segment, plus(fresh.measuresOf(segment), c.wish), ModifyLevel_Nest),
+                  c.result)
+            << c.wish;
+        EXPECT_EQ(fresh.rebuilds(), c.rebuilds) << c.wish;
+    }
+}
+
 TEST_F(SegmentChange, aStretchBehindWithoutLengthLeftIsImpossible)
 {
     piece.center(piece.at(3), piece.at(15));
