@@ -59,7 +59,10 @@ public:
     bool reevaluateUnder(BaseFrame *element, eFrameReevaluate mode) override;
 
     /// This set. Hides the virtual operation of the base, which answers null for a set.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual" // hiding is what is meant
     FrameSet *getFrameSet() { return this; }
+#pragma GCC diagnostic pop
     /// The manager's document, null without a manager. Hides the operation of the base.
     Document *document() const;
 
