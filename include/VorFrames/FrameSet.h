@@ -23,6 +23,10 @@ class GestFrames;
 class NameIndex;
 class RelayBaton;
 
+// A set hides its base's question for the set, and means to.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+
 /// A frame set: centers, links, segments, frames, specs and charts, each kind in the user's order.
 ///
 /// Names are compared by Noms_Identiques and are unique per kind only, a frame's within its center. Formulas
@@ -59,10 +63,7 @@ public:
     bool reevaluateUnder(BaseFrame *element, eFrameReevaluate mode) override;
 
     /// This set. Hides the virtual operation of the base, which answers null for a set.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Woverloaded-virtual" // hiding is what is meant
     FrameSet *getFrameSet() { return this; }
-#pragma GCC diagnostic pop
     /// The manager's document, null without a manager. Hides the operation of the base.
     Document *document() const;
 
@@ -227,6 +228,8 @@ private:
     QListEx<RemovedFormula> mRemovedFormulas;
     const NameIndex *mNamesAtHand = nullptr; ///< answers for the lists while they are filled in bulk
 };
+
+#pragma GCC diagnostic pop
 
 /// The one comparison of names: case and white space, wherever it stands, do not count.
 VORFRAMES_EXPORT bool Noms_Identiques(const QString &a, const QString &b);
