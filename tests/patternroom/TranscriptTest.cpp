@@ -131,6 +131,25 @@ std::string nameOf(const testing::TestParamInfo<std::string> &parameter)
 
 INSTANTIATE_TEST_SUITE_P(All, Transcript, testing::ValuesIn(transcripts()), nameOf);
 
+TEST(Concepts, picturesAreWhatTheProgramDraws)
+{
+    const QString pages = QStringLiteral(PATTERNROOM_CONCEPTS);
+    const QString bundled = QStringLiteral(PATTERNROOM_BUNDLED);
+    const QStringList pictures = QDir(pages).entryList({QStringLiteral("*.svg")}, QDir::Files);
+    ASSERT_EQ(pictures.size(), 5);
+    QTemporaryDir folder;
+    for (const QString &name : QDir(bundled).entryList(QDir::Files))
+        ASSERT_TRUE(QFile::copy(bundled + QLatin1Char('/') + name, folder.filePath(name)));
+
+    const QString answer =
+        answerTo(QStringLiteral("patternroom run '%1/pictures.room'").arg(pages), folder.path());
+
+    ASSERT_FALSE(answer.contains(QLatin1String("\n! "))) << answer.toStdString();
+    for (const QString &name : pictures)
+        EXPECT_TRUE(read(folder.filePath(name)) == read(pages + QLatin1Char('/') + name))
+            << name.toStdString();
+}
+
 TEST(Help, showsAnExampleOfEachCommandThatWorks)
 {
     QTemporaryDir folder;
