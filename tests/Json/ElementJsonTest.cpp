@@ -3,6 +3,7 @@
 #include "JsonTexts.h"
 
 #include <limits>
+#include <support/RecordingApplication.h>
 
 using namespace VorSystem;
 using jsontest::object;
@@ -168,6 +169,104 @@ TEST_F(ElementJson, numbersThatAreNoWholeNumbersReadAsZero)
     }
 }
 
+// Every key that holds a whole number, not this one alone.
+TEST_F(ElementJson, everyKindAndNestReadsAsZeroFromAnythingElse)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const XJsonValue wrong[] = {
+        XJsonValue(),
+        true,
+        2.5,
+        -0.5,
+        nan,
+        infinity,
+        -infinity,
+        2147483648.0,
+        QStringLiteral("2"),
+        XJsonArray{2},
+        XJsonObject{{QStringLiteral("contents"), 2}},
+    };
+    for (const XJsonValue &value : wrong) {
+        mCenter->setCharacteristic(FrameCenter::Characteristic_TwoSidesDoubled);
+        mCenter->fromJson({{QStringLiteral("characteristic"), value}});
+        EXPECT_EQ(int(mCenter->Caracteristique()), 0);
+
+        FrameLink link(QStringLiteral("L"));
+        link.setMeasureType(FrameLink::Measure_Fixed);
+        link.fromJson({{QStringLiteral("type"), value}});
+        EXPECT_EQ(int(link.getMeasureType()), 0);
+
+        FrameSegment segment(QStringLiteral("S"));
+        segment.fromJson({{QStringLiteral("displace"), value}});
+        EXPECT_EQ(int(segment.getDisplace()), 0);
+
+        const auto frame = unreadFrame();
+        frame->setMeasureType(FrameFrame::Measure_ByPercentage);
+        frame->fromJson(
+            {{QStringLiteral("center_name"), QStringLiteral("K")}, {QStringLiteral("measure_type"), value}});
+        EXPECT_EQ(int(frame->getMeasureType()), 0);
+
+        FrameSpec spec(QStringLiteral("P"));
+        const XJsonObject values{{QStringLiteral("index_medium"), value},
+                                 {QStringLiteral("measures"), XJsonArray{1, 2}}};
+        spec.fromJson({{QStringLiteral("measure"), values}});
+        EXPECT_EQ(str(*spec.getMeasureBySizes()), "[1] 2");
+
+        ElementEquation node(ElemValue, 3.0, nullptr);
+        node.fromJson({{QStringLiteral("contents"), value}}, &mSet);
+        EXPECT_EQ(int(node.contents), 0);
+    }
+}
+
+TEST_F(ElementJson, numbersReadAsZeroFromAnythingElse)
+{
+    for (const char *wrong : {"null", "true", "'7'", "[7]", "{}"}) {
+        const std::string value = wrong;
+        FrameSegment segment(QStringLiteral("S"));
+        segment.fromJson(object(("{'influence_area_percent':" + value + "}").c_str()));
+        EXPECT_EQ(segment.getInfluenceAreaPercent(), 0.0) << wrong;
+
+        const auto frame = unreadFrame();
+        frame->fromJson(object(
+            ("{'center_name':'K','percentage_measure_rating':" + value + ",'ratio':" + value + "}").c_str()));
+        EXPECT_EQ(frame->getPercentageMeasureRating1(), 0.0) << wrong;
+        EXPECT_EQ(frame->getRatio(), 0.0) << wrong;
+    }
+}
+
+TEST_F(ElementJson, flagsReadAsFalseFromAnythingElse)
+{
+    for (const char *wrong : {"null", "1", "'true'", "[true]", "{}"}) {
+        const std::string value = wrong;
+        FrameFrame *const origin = mSet.newFrame(QStringLiteral("Origin"), mCenter);
+        const auto frame = unreadFrame();
+        frame->getPerimeterMeasurement() = true;
+        frame->fromJson(
+            object(("{'center_name':'K','perimeter_measurement':" + value + ",'level_zero':" + value + "}")
+                       .c_str()));
+        EXPECT_FALSE(frame->getPerimeterMeasurement()) << wrong;
+        EXPECT_EQ(mCenter->getFrameLevelZero(), origin) << wrong;
+        delete origin;
+    }
+}
+
+// Stored values are in centimetres, whatever the user's unit is.
+TEST_F(ElementJson, valuesAreStoredAndReadWithoutConversion)
+{
+    support::RecordingApplication application;
+    application.setLengthUnit(LengthUnit::millimetre());
+    FrameSegment segment(QStringLiteral("S"));
+    *segment.getMeasureBySizes() = values({12.5}, 0);
+    const std::string stored =
+        "{'displace':1,'influence_area_percent':100,'measure':{'index_medium':0,'measures':[12.5]}}";
+    EXPECT_EQ(text(segment.toJson()), stored);
+
+    FrameSegment again(QStringLiteral("S"));
+    again.fromJson(object(stored.c_str()));
+    EXPECT_EQ(again.getMeasures(0), 12.5);
+}
+
 TEST_F(ElementJson, unknownKindsAreKeptAndWrittenBack)
 {
     mCenter->fromJson(object("{'characteristic':77}"));
@@ -266,6 +365,34 @@ TEST_F(ElementJson, frameReadTwiceIsLinkedTwice)
     EXPECT_EQ(link->getFrames().count(), 2);
     EXPECT_EQ(mCenter->getFrames().count(), 1);
     link->unlinkFrames();
+}
+
+TEST_F(ElementJson, frameThatFailsAtItsCenterStaysWhereItWas)
+{
+    FrameFrame *const frame = mSet.newFrame(QStringLiteral("F"), mCenter);
+    frame->setRatio(0.25);
+    EXPECT_THROW(frame->fromJson(object("{'center_name':'none','ratio':2}")), AssertionError);
+    EXPECT_EQ(frame->getFrameCenter(), mCenter);
+    EXPECT_EQ(mCenter->getFrameLevelZero(), frame);
+    EXPECT_EQ(frame->getRatio(), 0.25);
+}
+
+TEST_F(ElementJson, frameThatFailsAtItsLinkStandsOnItsCenterAndHasReadNoMore)
+{
+    FrameCenter *const other = mSet.newCenter(QStringLiteral("Other"));
+    mSet.newFrame(QStringLiteral("Origin"), other);
+    FrameFrame *const frame = mSet.newFrame(QStringLiteral("F"), mCenter);
+    frame->setRatio(0.25);
+    EXPECT_THROW(
+        frame->fromJson(object("{'center_name':'Other','link_name':'none','level_zero':true,"
+                               "'perimeter_measurement':true,'ratio':2,'measure':{'measures':[1]}}")),
+        AssertionError);
+    EXPECT_EQ(frame->getFrameCenter(), other);
+    EXPECT_EQ(other->getFrames().last(), frame);
+    EXPECT_NE(other->getFrameLevelZero(), frame);
+    EXPECT_FALSE(frame->getPerimeterMeasurement());
+    EXPECT_EQ(frame->getRatio(), 0.25);
+    EXPECT_TRUE(frame->getMeasureBySizes()->mValues.isEmpty());
 }
 
 // Three errors are known to hosts by function, unit and line.

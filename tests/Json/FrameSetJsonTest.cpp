@@ -122,6 +122,18 @@ TEST_F(FrameSetJson, namesThatMeanAnotherElementCostTheSet)
         {"{'specs':[{'name':'A:B'},{'name':'P'}],'formulars':[{'name':'P','formular_spec':"
          "{'root':{'contents':2,'frame_element':'A:B'}}}]}",
          reference},
+        {"{'segments':[{'name':'A:B'}],'specs':[{'name':'P'}],'formulars':[{'name':'P',"
+         "'formular_spec':{'root':{'contents':2,'frame_element':'A:B'}}}]}",
+         reference},
+        {"{'links':[{'name':'A:B'}],'specs':[{'name':'P'}],'formulars':[{'name':'P',"
+         "'formular_spec':{'root':{'contents':2,'frame_element':'A:B'}}}]}",
+         reference},
+        {"{'centers':[{'name':'A:B'}],'specs':[{'name':'P'}],'formulars':[{'name':'P',"
+         "'formular_spec':{'root':{'contents':2,'frame_element':'A:B'}}}]}",
+         reference},
+        {"{'measurementCharts':[{'name':'A:B'}],'specs':[{'name':'P'}],'formulars':[{'name':'P',"
+         "'formular_spec':{'root':{'contents':2,'frame_element':'A:B'}}}]}",
+         reference},
         {"{'specs':[{'name':'P'}],'formulars':[{'name':'P','formular_spec':"
          "{'root':{'contents':2,'frame_element':'elsewhere'}}}]}",
          reference},
@@ -133,6 +145,16 @@ TEST_F(FrameSetJson, namesThatMeanAnotherElementCostTheSet)
         const std::string failure = jsontest::thrown([&] { set.fromJson(object(row.first)); });
         EXPECT_EQ(failure.substr(0, std::string(row.second).size()), row.second) << row.first;
     }
+}
+
+TEST_F(FrameSetJson, firstColonPartsCenterAndFrame)
+{
+    read("{'centers':[{'name':'A'}],'frames':[{'name':'B:C','center_name':'A'}],'specs':[{'name':'P'}],"
+         "'formulars':[{'name':'P','formular_spec':{'root':{'contents':2,'frame_element':'A:B:C'}}}]}");
+    EXPECT_EQ(str(mSet.getFrameSpecs().at(0)->formulaSpec()), "A:B:C.m");
+    FrameSet again(QString(), nullptr);
+    again.fromJson(mSet.toJson());
+    EXPECT_EQ(text(again.toJson()), text(mSet.toJson()));
 }
 
 TEST_F(FrameSetJson, unresolvedReferenceOfAFormulaSaysWhere)
@@ -188,6 +210,37 @@ TEST_F(FrameSetJson, readingIntoAFilledSetAbandonsItsElements)
     EXPECT_EQ(mSet.getFrames().count(), 1);
 }
 
+// A host's own elements store what they please.
+TEST_F(FrameSetJson, elementsAreAskedForTheirStoredForm)
+{
+    class SignedSpec : public FrameSpec
+    {
+    public:
+        using FrameSpec::FrameSpec;
+        XJsonObject toJson() const override
+        {
+            XJsonObject stored = FrameSpec::toJson();
+            stored.insert(QStringLiteral("name"), QStringLiteral("overwritten"));
+            stored.insert(QStringLiteral("signed"), true);
+            return stored;
+        }
+    };
+    mSet.addSpec(new SignedSpec(QStringLiteral("P")), -1);
+    EXPECT_EQ(text(mSet.toJson().value(QStringLiteral("specs")).toArray().at(0).toObject()),
+              "{'measure':{'index_medium':0,'measures':[]},'name':'P','signed':true}");
+}
+
+TEST_F(FrameSetJson, mistypedNamesReadAsEmptyOnes)
+{
+    for (const char *wrong : {"null", "7", "true", "['T']", "{'name':'T'}"}) {
+        FrameSet set(QStringLiteral("old"), nullptr);
+        const std::string value = wrong;
+        set.fromJson(object(("{'set_name':" + value + ",'centers':[{'name':" + value + "}]}").c_str()));
+        EXPECT_EQ(set.name(), QString()) << wrong;
+        EXPECT_EQ(set.getFrameCenters().at(0)->name(), QString()) << wrong;
+    }
+}
+
 TEST_F(FrameSetJson, setsInsideASetAreFramesWithoutACenter)
 {
     // A manager's object handed to a set by mistake: its sets read as frames that name no center.
@@ -204,6 +257,30 @@ TEST_F(FrameSetJson, chartLosesItsFormula)
     FrameSet again(QString(), nullptr);
     again.fromJson(mSet.toJson());
     EXPECT_EQ(again.getFrameMeasurementCharts().at(0)->formulaMeasurementChart(), nullptr);
+}
+
+TEST_F(FrameSetJson, formulasGivenUpAreForgotten)
+{
+    mSet.markRemovedFormula(QStringLiteral("L"), true, QStringLiteral("1+1"));
+    const FrameSet unmarked(QStringLiteral("old"), nullptr);
+    EXPECT_EQ(text(mSet.toJson()), text(unmarked.toJson()));
+    FrameSet again(QString(), nullptr);
+    again.fromJson(mSet.toJson());
+    EXPECT_TRUE(again.removedFormulas().isEmpty());
+}
+
+TEST_F(FrameSetJson, twinsLoseTheirFormulasToTheFirstOfTheName)
+{
+    for (const char *center : {"K1", "K2"}) {
+        FrameFrame *const frame =
+            mSet.newFrame(QStringLiteral("F"), mSet.newCenter(QString::fromUtf8(center)));
+        frame->setFormulaMeasurement(
+            TreeEquations::parse(QString::fromUtf8(center).mid(1), &mSet, true)); // "1" and "2"
+    }
+    FrameSet again(QString(), nullptr);
+    again.fromJson(mSet.toJson());
+    EXPECT_EQ(str(again.getFrames().at(0)->measurementFormula()), "2");
+    EXPECT_EQ(str(again.getFrames().at(1)->measurementFormula()), "none");
 }
 
 TEST_F(FrameSetJson, levelsTakeTheNestOfTheMeasures)

@@ -2,6 +2,8 @@
 
 #include "JsonTexts.h"
 
+#include <VorConjoin/VorConjoin.h>
+#include <functional>
 #include <stdexcept>
 #include <support/RecordingApplication.h>
 
@@ -21,21 +23,20 @@ const char *const kBad = "{'set_name':'Bad','links':[{'name':'L'}],'centers':[{'
                          "'frames':[{'name':'F','center_name':'K','link_name':'L'},"
                          "{'name':'G','center_name':'L'}]}";
 
-// A document with a gradation of its own, and a gradation that may refuse to be asked.
+// A document with a gradation of its own, and something that happens whenever it is asked for it.
 class GradedDocument : public Document
 {
 public:
     GradedDocument(short sizes, short nest) : mGradation(sizes, nest) {}
     const GradationData *gradationData() const override
     {
-        if (mFails)
-            throw std::runtime_error("no gradation");
+        mWhenAsked();
         return &mGradation;
     }
     GestFrames *framesManager() const override { return nullptr; }
     const t_Plan *plan() const override { return nullptr; }
 
-    bool mFails = false;
+    std::function<void()> mWhenAsked = [] {};
 
 private:
     GradationData mGradation;
@@ -141,6 +142,42 @@ TEST(GestFramesJson, textsOfTheManagerAreNotStored)
     EXPECT_EQ(again.name() + again.desc() + again.workId(), QString());
 }
 
+TEST(GestFramesJson, setsAreStoredInTheOrderOfTheManager)
+{
+    GestFrames manager;
+    for (const char *name : {"B", "A", "B"})
+        manager.addFrameSet(new FrameSet(QString::fromUtf8(name), &manager), -1);
+    manager.addFrameSet(new FrameSet(QStringLiteral("First"), &manager), 0);
+    QStringList names;
+    for (const XJsonValue &set : manager.toJson().value(QStringLiteral("frames")).toArray())
+        names << set.toObject().value(QStringLiteral("set_name")).toString();
+    EXPECT_EQ(names.join(QLatin1Char(' ')), QStringLiteral("First B A B"));
+}
+
+TEST(GestFramesJson, setsAreAskedForTheirStoredForm)
+{
+    class SignedSet : public FrameSet
+    {
+    public:
+        using FrameSet::FrameSet;
+        XJsonObject toJson() const override { return {{QStringLiteral("signed"), true}}; }
+    };
+    GestFrames manager;
+    manager.addFrameSet(new SignedSet(QStringLiteral("T"), &manager), -1);
+    EXPECT_EQ(text(manager.toJson()), "{'frames':[{'signed':true}]}");
+}
+
+TEST(GestFramesJson, groupMappingIsNotStored)
+{
+    CDbGroupObject from;
+    CDbGroupObject to;
+    GestFrames manager;
+    const RelayBaton baton = manager.setGroupMapping({{&from, &to}});
+    EXPECT_EQ(text(manager.toJson()), "{'frames':[]}");
+    manager.fromJson(managerObject({kGood}), false);
+    EXPECT_EQ(manager.getMappedGroup(&from), &to); // and reading leaves it alone
+}
+
 TEST(GestFramesJson, adjustingFitsTheListsToTheDocument)
 {
     GradedDocument document(5, 3);
@@ -166,12 +203,44 @@ TEST(GestFramesJson, adjustingWithoutADocumentLeavesTheNestAlone)
     EXPECT_EQ(str(*manager.getFrameSets().at(0)->getFrameSpecs().at(0)->getMeasureBySizes()), "[2]");
 }
 
+TEST(GestFramesJson, setIsAdjustedInCentimetresAndBeforeItEntersTheManager)
+{
+    support::RecordingApplication application;
+    application.setLengthUnit(LengthUnit::millimetre());
+    GradedDocument document(5, 3);
+    GestFrames manager;
+    manager.setDocument(&document);
+    QStringList seen;
+    document.mWhenAsked = [&] {
+        EXPECT_TRUE(application.lengthUnit() == LengthUnit::centimetre());
+        seen << QString::fromStdString(setNames(manager));
+    };
+    manager.fromJson(managerObject({kGood, "{'set_name':'Last'}"}), true);
+    seen.removeDuplicates();
+    EXPECT_EQ(seen, QStringList({QString(), QStringLiteral("Good ")}));
+    EXPECT_EQ(setNames(manager), "Good Last ");
+}
+
+TEST(GestFramesJson, setThatCannotBeAdjustedIsDroppedLikeOneThatCannotBeRead)
+{
+    GradedDocument document(5, 3);
+    GestFrames manager;
+    manager.setDocument(&document);
+    int asked = 0;
+    document.mWhenAsked = [&asked] {
+        if (++asked == 1)
+            throw AssertionError(QStringLiteral("not now"));
+    };
+    manager.fromJson(managerObject({kGood, "{'set_name':'Last'}"}), true);
+    EXPECT_EQ(setNames(manager), "Last ");
+}
+
 TEST(GestFramesJson, anyOtherErrorPassesThroughAndLeavesTheUnitAsItWas)
 {
     support::RecordingApplication application;
     application.setLengthUnit(LengthUnit::millimetre());
     GradedDocument document(5, 3);
-    document.mFails = true;
+    document.mWhenAsked = [] { throw std::runtime_error("no gradation"); };
     GestFrames manager;
     manager.setDocument(&document);
     EXPECT_THROW(manager.fromJson(managerObject({kGood, kGood}), true), std::runtime_error);

@@ -113,7 +113,14 @@ TEST(HostileJson, listsLongerThanAShortAreFittedToTheDocument)
     stored.insert(QStringLiteral("frames"), sets);
     GestFrames manager;
     manager.fromJson(stored, true);
-    EXPECT_EQ(setNames(manager), "T ");
+    ASSERT_EQ(setNames(manager), "T ");
+    const ValuesAccordingSizes &fitted =
+        *manager.getFrameSets().at(0)->getFrameSpecs().at(0)->getMeasureBySizes();
+    // 37232 sizes above the nest count as -28304: as many are added, and the 32767 below the nest go.
+    EXPECT_EQ(fitted.mValues.count(), 70000 + 28304 - 32767);
+    EXPECT_EQ(fitted.mNestIndex, 0);
+    EXPECT_EQ(fitted.mValues.first(), 32767.0);
+    EXPECT_EQ(fitted.mValues.last(), 69999.0 + 28304.0);
 }
 
 TEST(HostileJson, nestOutsideItsListIsBroughtBackWhenListsAreFitted)
