@@ -227,6 +227,7 @@ const Mistake kMistakes[] = {
     {"\"id\": 2",               "\"id\": 1",        "pieces[0].contours[0].vectors[1].id: is the identity of two vectors"},
     {"\"id\": 7",               "\"id\": 1",        "pieces[0].vectors[0].id: is the identity of two vectors"},
     {"\"id\": 7",               "\"id\": 7, \"id\": 7", "The key \"id\" stands twice in one object."},
+    {"\"id\": 7",               "\"id\": 7, \"\\u0069d\": 7", "The key \"id\" stands twice in one object."},
     {"\"id\": 7",               "\"id\": 0",        "pieces[0].vectors[0].id: is out of range"},
     {"[10, 0]",                 "[10]",             "pieces[0].contours[0].vectors[1].at: is not a pair of numbers"},
     {"[10, 0]",                 "[10, \"0\"]",      "pieces[0].contours[0].vectors[1].at[1]: is not a number"},

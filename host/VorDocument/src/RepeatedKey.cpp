@@ -1,5 +1,8 @@
 #include "RepeatedKey.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+
 #include <algorithm>
 #include <string_view>
 #include <vector>
@@ -10,7 +13,7 @@ namespace VorSystem
 namespace
 {
 
-using Keys = std::vector<std::string_view>;
+using Keys = std::vector<QByteArray>;
 
 // Past the closing quotation mark of the string that begins at start.
 std::size_t endOfString(std::string_view text, std::size_t start)
@@ -27,6 +30,17 @@ bool isKey(std::string_view text, std::size_t end)
     return next != std::string_view::npos && text[next] == ':';
 }
 
+// The key that stands from start to end with its quotation marks. The same key may be spelled with escapes
+// and without; a slice of the text is no copy of it.
+QByteArray keyOf(std::string_view text, std::size_t start, std::size_t end)
+{
+    const QByteArray slice = QByteArray::fromRawData(text.data() + start, static_cast<int>(end - start));
+    if (!slice.contains('\\'))
+        return slice;
+    const QJsonArray plain = QJsonDocument::fromJson('[' + slice + ']').array();
+    return plain.isEmpty() ? slice : '"' + plain.at(0).toString().toUtf8() + '"';
+}
+
 } // namespace
 
 QByteArray repeatedKey(const QByteArray &bytes)
@@ -38,7 +52,7 @@ QByteArray repeatedKey(const QByteArray &bytes)
         case '"': {
             const std::size_t end = endOfString(text, at);
             if (!open.empty() && isKey(text, end))
-                open.back().push_back(text.substr(at, end - at));
+                open.back().push_back(keyOf(text, at, end));
             at = end;
             continue;
         }
@@ -53,7 +67,7 @@ QByteArray repeatedKey(const QByteArray &bytes)
             std::sort(keys.begin(), keys.end());
             const auto twice = std::adjacent_find(keys.begin(), keys.end());
             if (twice != keys.end())
-                return QByteArray(twice->data(), static_cast<int>(twice->size()));
+                return QByteArray(twice->constData(), twice->size()); // not a slice
             break;
         }
         default: break;
