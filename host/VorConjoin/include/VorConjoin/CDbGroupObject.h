@@ -34,6 +34,7 @@ class Mirror;
 class VORCONJOIN_EXPORT CDbGroupObject
 {
 public:
+    /// A piece with nothing on it.
     explicit CDbGroupObject(const QString &name = QString());
     CDbGroupObject(const CDbGroupObject &) = delete;
     CDbGroupObject &operator=(const CDbGroupObject &) = delete;
@@ -47,6 +48,7 @@ public:
     // Building
     // -------------------------------------------------------------------------------------------------
 
+    /// A new gabarit without vectors, as the last one; the group's.
     GabaritObject *newGabarit();
     /// Takes over a gabarit made elsewhere, as the last one; its vectors get identities where they have none
     /// of their own. False for null and for one that is in a group.
@@ -89,16 +91,26 @@ public:
     /// Gives the group a mirror, or a new one in place of the old. Null when a and b are at one place.
     Mirror *setMirror(const GeoPoint2D &a, const GeoPoint2D &b);
 
+    /// A notch on an anchor of a contour. False, as with all marks, for a vector that will not do.
     bool addNotch(const CDbPointVOR *place);
+    /// A grain line from an anchor of the group; the direction may have any length but 0, length is in cm and
+    /// above 0.
     bool addGrainLine(const CDbPointVOR *anchor, const GeoPoint2D &direction, double length);
+    /// A line between two different vectors of the group, drawn but never part of a dart.
     bool addInnerLine(const CDbPointVOR *from, const CDbPointVOR *to, InnerLine::eUse use);
+    /// The allowance of the edge that begins at a contour vector, in cm and not negative; takes the place of
+    /// an earlier one.
     bool addSeamAllowance(const CDbPointVOR *edge, double width);
+    /// A drill hole at one of the group's own vectors.
     bool addDrillHole(const CDbPointVOR *place);
+    /// The marks, in the order in which they were added.
+    ///@{
     const std::vector<Notch> &notches() const { return mNotches; }
     const std::vector<GrainLine> &grainLines() const { return mGrainLines; }
     const std::vector<InnerLine> &innerLines() const { return mInnerLines; }
     const std::vector<SeamAllowance> &seamAllowances() const { return mSeamAllowances; }
     const std::vector<DrillHole> &drillHoles() const { return mDrillHoles; }
+    ///@}
 
     // Vectors
     // --------------------------------------------------------------------------------------------------
@@ -108,8 +120,11 @@ public:
     /// v is on a contour of the group: *gabarit is that one, else null.
     bool isVectorContour(const CDbPointVOR *v, GabaritObject **gabarit) const;
     /// 1-based index among the own vectors, 0 for none, and back.
+    ///@{
     short groupGetVectorIndex(const CDbPointVOR *v) const;
     CDbPointVOR *groupGetVectorByIndex(short index) const;
+    ///@}
+    /// The own vectors in the order of their indices.
     const std::vector<CDbPointVOR *> &ownVectors() const { return mOwnVectors.vectors(); }
     /// The vector of an identity, on a contour or own; null for none.
     CDbPointVOR *vectorOfIdentity(int identity) const;
@@ -130,7 +145,9 @@ public:
     /// The line that follows on the same leg past the end vector, and its other end; null at the end of the
     /// leg.
     LineObject *pICGetLineNext(const LineObject *line, const CDbPointVOR *end, CDbPointVOR **otherEnd) const;
+    /// Straight lines and curves, in the order in which they were added.
     const std::vector<LineObject *> &lines() const { return mLines; }
+    /// Head of the chain along mNextGabarit; null for a piece without gabarit.
     GabaritObject *firstGabarit() const { return mFirstGabarit; }
 
     // Rebuilding
@@ -145,26 +162,42 @@ public:
     // View and state
     // -------------------------------------------------------------------------------------------
 
+    /// Tells that the piece was changed. Here it only counts; a host with a view draws the piece anew.
     virtual void emitChanged();
+    /// Whether the piece is selected in the view; not at first. Every setting counts, also to the same.
+    ///@{
     bool getSelection() const { return mSelected; }
     void setSelected(bool selected);
+    ///@}
+    /// The mirror, the group's; null when there is none, and isMirror is false then.
+    ///@{
     bool isMirror() const { return mMirror != nullptr; }
     Mirror *Miroir() const { return mMirror; }
+    ///@}
 
+    /// Any text; nothing keeps it from repeating among pieces.
+    ///@{
     QString name() const { return mName; }
     void setName(const QString &name) { mName = name; }
-    bool isLocked() const { return mLocked; }
+    ///@}
     /// A locked piece warns before a change; locking forbids nothing.
+    ///@{
+    bool isLocked() const { return mLocked; }
     void setLocked(bool locked) { mLocked = locked; }
-    bool isClone() const { return !mCloneOf.isEmpty(); }
+    ///@}
     /// Name of the piece this one was copied from as a clone; empty for others.
+    ///@{
+    bool isClone() const { return !mCloneOf.isEmpty(); }
     QString cloneOf() const { return mCloneOf; }
     void setCloneOf(const QString &source) { mCloneOf = source; }
+    ///@}
 
-    /// How often the three were called.
+    /// How often againObjects, emitChanged and setSelected were called; a copy begins at 0.
+    ///@{
     int rebuildCount() const { return mRebuildCount; }
     int changedCount() const { return mChangedCount; }
     int selectionCount() const { return mSelectionCount; }
+    ///@}
 
     Mirror *mMirror = nullptr;           ///< null when the group has no mirror
     CDbPointVOR *mFirstVector = nullptr; ///< head of the null-ended chain of own vectors

@@ -13,14 +13,22 @@ class VORCONJOIN_EXPORT CDbID
 {
 public:
     CDbID() = default;
+    /// Any number; those of a group's vectors are above 0.
     explicit CDbID(int number) : mNumber(number) {}
+    /// A copy names the same.
+    ///@{
     CDbID(const CDbID &) = default;
     CDbID &operator=(const CDbID &) = default;
+    ///@}
     virtual ~CDbID();
 
+    /// The bare number; 0 for none.
     int number() const { return mNumber; }
+    /// Compare the numbers, of whatever groups.
+    ///@{
     bool operator==(const CDbID &other) const { return mNumber == other.mNumber; }
     bool operator!=(const CDbID &other) const { return mNumber != other.mNumber; }
+    ///@}
 
     /// {"id": number}
     XJsonObject toJson() const;

@@ -13,13 +13,17 @@ public:
     CDbObjetVOR() = default;
     virtual ~CDbObjetVOR();
 
+    /// The identity; 0 until something gives one.
     const CDbID &Num_ID() const { return mIdentity; }
 
 protected:
+    /// A copy takes the identity along.
+    ///@{
     CDbObjetVOR(const CDbObjetVOR &) = default;
     CDbObjetVOR &operator=(const CDbObjetVOR &) = default;
+    ///@}
 
-    CDbID mIdentity;
+    CDbID mIdentity; ///< what Num_ID gives
 };
 
 } // namespace VorSystem

@@ -47,6 +47,7 @@ public:
 
     /// Same place, each coordinate within 1e-5.
     static bool equalVector(const GeoPoint2D &a, const GeoPoint2D &b);
+    /// Same place, each coordinate within delta.
     static bool equalVectorDelta(const GeoPoint2D &a, const GeoPoint2D &b, double delta);
     /// p lies between a and b on their line, ends included, within 1e-6.
     static bool IsBetween(const GeoPoint2D &a, const GeoPoint2D &p, const GeoPoint2D &b);
@@ -104,6 +105,7 @@ public:
 
     /// Makes the vector regular with these steps. Nothing while it is in explicit evolutions for somebody.
     void setRegularSteps(const RegularSteps &steps);
+    /// The steps that grade the vector while mIrregularGradation is null; zero in a new one.
     const RegularSteps &regularSteps() const { return mSteps; }
     /// Makes the vector explicit: one evolution per size, nestNumber counts from 1. False, and nothing done,
     /// for an empty list, a nest outside it or an evolution in the nest that is not zero.
@@ -116,16 +118,17 @@ public:
     /// Puts a vector that was left in a size back to its place in the nest.
     void returnToNest();
 
+    /// Kinds 0 and 1: rebuilds move it only as half of a mirrored pair or as pivot of a dart.
     bool isAnchor() const { return mVectorKind == Vector_Corner || mVectorKind == Vector_Curve; }
     /// Number of setVectorInIrregular that are not yet undone.
     int gradingDepth() const { return mDepth; }
     /// 1-based size the vector stands in; 0 in the nest.
     short inSize() const { return mInSize; }
 
-    qint32 mVectorKind = Vector_Corner;
+    qint32 mVectorKind = Vector_Corner; ///< an eVectorKind
     CDbPointVOR *mNextVector = nullptr; ///< next in contour order, or in any chain of free vectors
-    float mDisplacementX = 0.0F;
-    float mDisplacementY = 0.0F;
+    float mDisplacementX = 0.0F;        ///< working displacement, cm: a move under preparation, no place
+    float mDisplacementY = 0.0F;        ///< the same along y
     IrregularGradationData *mIrregularGradation = nullptr; ///< owned; null while graded regularly
 
 private:

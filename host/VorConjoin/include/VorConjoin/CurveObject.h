@@ -22,6 +22,7 @@ public:
     CurveObject &operator=(const CurveObject &) = delete;
     virtual ~CurveObject();
 
+    /// Number of points, both ends counted.
     virtual short pointCount();
     /// The point of an index from 1; null for another index.
     CDbPointVOR *getCurvePointByIndex(short index) const;
@@ -35,9 +36,14 @@ public:
     /// The same for the working displacements.
     void recalculateHandleDisplacements();
 
+    /// The points in order, ends first and last.
     const std::vector<CDbPointVOR *> &points() const { return mPoints; }
+    /// The handle of the first and of the last point; null for none.
+    ///@{
     CDbPointVOR *firstHandle() const { return mFirstHandle; }
     CDbPointVOR *lastHandle() const { return mLastHandle; }
+    ///@}
+    /// v is one of the two handles; false for null.
     bool isHandle(const CDbPointVOR *v) const;
     /// The contour on which all points lie; null for a curve inside the piece.
     GabaritObject *contour() const;

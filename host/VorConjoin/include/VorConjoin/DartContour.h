@@ -28,6 +28,7 @@ class VORCONJOIN_EXPORT DartContour
 public:
     using Leg = std::vector<LineObject *>; ///< lines from the pivot to the contour
 
+    /// A dart without legs, the caller's until a gabarit takes it over. Null leaves a role empty.
     DartContour(CDbPointVOR *firstLeg, CDbPointVOR *cap, CDbPointVOR *secondLeg, CDbPointVOR *pivot);
     DartContour(const DartContour &) = delete;
     DartContour &operator=(const DartContour &) = delete;
@@ -48,6 +49,7 @@ public:
     bool isDeadEdge(const CDbPointVOR *a, const CDbPointVOR *b) const;
     /// leg is 0 for the leg that ends in role 1, 1 for that which ends in role 3.
     const Leg &leg(int which) const { return mLegs[which == 0 ? 0 : 1]; }
+    /// The line is part of a leg.
     bool hasLine(const LineObject *line) const;
     /// The line that joins this one on its leg at an end vector; null at the ends of the leg.
     LineObject *lineBeyond(const LineObject *line, const CDbPointVOR *end) const;
@@ -68,18 +70,20 @@ public:
     /// What a rebuild restores, in the size the vectors stand in. Pivot: equal legs; nothing unless they were
     /// made equal. Inner leg vectors: the recorded shape of that size. Cap: 0.5 cm outside the middle of the
     /// mouth.
+    ///@{
     void restorePivot();
     void restoreInnerLegs(short sizeNumber, const GradationData *gradation);
     void restoreCap();
+    ///@}
     /// Working displacement of cap, pivot and inner leg vectors: the mean of roles 1 and 3.
     void standardizeDisplacements();
 
-    CDbPointVOR *mPivotVector = nullptr;
-    CDbPointVOR *mPivotCopy = nullptr; ///< owned
-    CDbPointVOR *mTipCopy = nullptr;   ///< owned; a copy of role 3
-    DartContour *mNextDart = nullptr;  ///< next dart of the gabarit
-    bool mLegsMadeEqual = false;       ///< rebuilds keep the legs equally long
-    std::array<Leg, 2> mLegs;          ///< lines from the pivot to the contour, not owned
+    CDbPointVOR *mPivotVector = nullptr; ///< role 4
+    CDbPointVOR *mPivotCopy = nullptr;   ///< owned
+    CDbPointVOR *mTipCopy = nullptr;     ///< owned; a copy of role 3
+    DartContour *mNextDart = nullptr;    ///< next dart of the gabarit
+    bool mLegsMadeEqual = false;         ///< rebuilds keep the legs equally long
+    std::array<Leg, 2> mLegs;            ///< lines from the pivot to the contour, not owned
 
 private:
     void freeShapes();

@@ -14,8 +14,11 @@ class t_Plan;
 class VORCONJOIN_EXPORT Document
 {
 public:
+    /// How many sizes there are, and which is the nest; the document's.
     virtual const GradationData *gradationData() const = 0;
+    /// The manager of all frame sets.
     virtual GestFrames *framesManager() const = 0;
+    /// The pieces that moves of elements reach; the document's.
     virtual const t_Plan *plan() const = 0;
 
     virtual ~Document();

@@ -25,10 +25,10 @@ class VORCONJOIN_EXPORT GabaritObject
 public:
     /// A dependent on a straight edge, at parameter u (0 to 1) between the anchors a and b.
     struct Pleat {
-        CDbPointVOR *vector;
-        const CDbPointVOR *a;
-        const CDbPointVOR *b;
-        double u;
+        CDbPointVOR *vector;  ///< the dependent, on the contour
+        const CDbPointVOR *a; ///< anchor at u = 0
+        const CDbPointVOR *b; ///< anchor at u = 1
+        double u;             ///< the same in every size
     };
 
     GabaritObject();
@@ -38,8 +38,10 @@ public:
     virtual ~GabaritObject();
 
     /// Stores the skeleton of this outline, not owned; null clears it.
+    ///@{
     virtual void setControlSkeleton(ControlSkeleton *skeleton);
     virtual ControlSkeleton *controlSkeleton();
+    ///@}
 
     /// Slides the end of the stretch that is not limit along the contour until its distance to the axis has
     /// changed by distance; the vectors between keep their share. False, and nothing moved, when the contour
@@ -82,25 +84,33 @@ public:
     bool takeContourVector(CDbPointVOR *v);
 
     /// Cursor: the first vector, and the next one; it comes round to the first. Null for an empty contour.
+    ///@{
     CDbPointVOR *gabaritFirstContourVector();
     CDbPointVOR *gabaritNextContourVector();
+    ///@}
     /// 1-based place on the contour, 0 for none.
     short gabaritGetContourIndex(const CDbPointVOR *v) const;
     /// The vector of a 1-based place; null for none.
     CDbPointVOR *gabaritGetContourVector(short index) const;
+    /// v is on this contour.
     bool isVectorContour(const CDbPointVOR *v) const;
+    /// The vectors in contour order, the first one at mFirstVector; and their number, up to 32767.
+    ///@{
     int contourCount() const { return mContour.count(); }
     const std::vector<CDbPointVOR *> &contourVectors() const { return mContour.vectors(); }
+    ///@}
     /// The vector of other, a copy of this gabarit, at the place of v on this contour; null for a stranger.
     CDbPointVOR *vectorEquivalentOf(const GabaritObject *other, const CDbPointVOR *v) const;
     /// The neighbour in either sense; null for a vector off this contour.
     CDbPointVOR *neighbor(const CDbPointVOR *v, bool forward) const;
 
     /// v lies on the stretch from a to b in the given sense.
+    ///@{
     bool gabaritVectorBetween2Vectors(const CDbPointVOR *v, const CDbPointVOR *a, const CDbPointVOR *b,
                                       bool forward) const;
     bool isVectorsBetweenTwoPointOfContours(const CDbPointVOR *v, const CDbPointVOR *a, const CDbPointVOR *b,
                                             bool forward) const;
+    ///@}
     /// v is a handle of a curve that lies wholly on the stretch; *curve is that curve, else null.
     bool isControlCurveBetween(const CDbPointVOR *v, const CDbPointVOR *a, const CDbPointVOR *b, bool forward,
                                CurveObject **curve) const;
@@ -122,6 +132,7 @@ public:
     // Darts
     // ----------------------------------------------------------------------------------------------------
 
+    /// v is on a contour of the group: *gabarit is that one, else null.
     static bool groupIsVectorInWhichGabarit(const CDbGroupObject *group, const CDbPointVOR *v,
                                             GabaritObject **gabarit);
     /// v is on the mouth of a dart: *dart and its role from 1 to 3. The pivot is not found.
@@ -135,8 +146,10 @@ public:
     bool removeDart(DartContour *dart);
 
     /// Working displacements of pleat vectors, and of caps, pivots and inner leg points, from their anchors.
+    ///@{
     void PLI_ctlGabStandardizeEvolutions();
     void pICCtlGabStandardizeEvolutions();
+    ///@}
     /// Puts the pleat vectors back on their edges.
     void restorePleats();
 
@@ -154,6 +167,7 @@ public:
 
     /// Parameter of a pleat vector between its anchors; 0 for another vector.
     double pleatParameter(const CDbPointVOR *v) const;
+    /// The pleat vectors of this contour, in the order in which they were set.
     const std::vector<Pleat> &pleats() const { return mPleats; }
 
     /// The group that holds this gabarit; null for temporaries.

@@ -26,6 +26,7 @@ public:
     /// 1-based number of the size in which positions are held; 1 for null and without a nest.
     static short nestNumber(const GradationData *gradation);
 
+    /// True when the nest is one of the sizes.
     bool isGradationNestDefined() const;
     /// Number of sizes; 1 without a nest.
     short gradationNum() const;

@@ -12,16 +12,16 @@ namespace VorSystem
 
 /// A displacement in centimetres.
 struct Evolution {
-    double x = 0.0;
-    double y = 0.0;
+    double x = 0.0; ///< to the right
+    double y = 0.0; ///< upwards
 };
 
 /// The two steps of a regular vector: what one size away from the nest adds.
 ///
 /// Below the nest the step counts downwards: the size next below lies at nest + small.
 struct RegularSteps {
-    Evolution small;
-    Evolution large;
+    Evolution small; ///< added by each size below the nest
+    Evolution large; ///< added by each size above it
 };
 
 /// One evolution per size, in centimetres; that of the nest is zero except between the two halves of a nest
@@ -34,10 +34,12 @@ class VORCONJOIN_EXPORT IrregularGradationData
 public:
     /// Evolutions by the regular rule. sizeCount is at least 1, nestNumber (1-based) within it.
     IrregularGradationData(short sizeCount, short nestNumber, const RegularSteps &steps = {});
+    /// A deep copy; without a table where the other has none.
     IrregularGradationData(const IrregularGradationData &other);
     IrregularGradationData &operator=(const IrregularGradationData &) = delete;
     ~IrregularGradationData();
 
+    /// Number of sizes, at least 1.
     short size() const { return mSize; }
     /// 1-based number of the nest.
     short indexMedium() const { return mMedium; }
@@ -48,17 +50,18 @@ public:
         const Evolution found = evolution(size.value());
         return GeoPoint2D(found.x, found.y);
     }
-    /// Stores the evolution of a size; a size that is not there is passed over.
-    void setGradation(const t_0_Based &size, const GeoPoint2D &evolution);
-
-    /// The same without a point around it; zero for a size that is not there.
+    /// The same without a point around it, by a position that counts from 0.
     Evolution evolution(short position) const
     {
         if (position < 0 || position >= mSize)
             return {};
         return mTable ? mTable[static_cast<std::size_t>(position)] : byRule(position);
     }
+    /// Stores the evolution of a size; a size that is not there is passed over.
+    ///@{
+    void setGradation(const t_0_Based &size, const GeoPoint2D &evolution);
     void setEvolution(short position, const Evolution &evolution);
+    ///@}
 
     /// True while no evolution was written: the steps given at birth hold in every size.
     bool isByRule() const { return !mTable; }

@@ -13,6 +13,7 @@ class VORCONJOIN_EXPORT IteratorGabarit final : public IteratorVORSt<GabaritObje
 {
 public:
     IteratorGabarit() = default;
+    /// Starts at the group's first gabarit; null makes an empty walk.
     explicit IteratorGabarit(const CDbGroupObject *group);
 };
 
@@ -21,6 +22,7 @@ class VORCONJOIN_EXPORT IteratorClipContour final : public IteratorVORSt<DartCon
 {
 public:
     IteratorClipContour() = default;
+    /// Starts at the gabarit's first dart; null makes an empty walk.
     explicit IteratorClipContour(const GabaritObject *gabarit);
 };
 

@@ -29,7 +29,9 @@ class IteratorVORSt
 {
 public:
     IteratorVORSt() = default;
+    /// A copy walks on by itself from where the other stands.
     IteratorVORSt(const IteratorVORSt &) = default;
+    /// Leaves its own walk and goes on where the other stands.
     IteratorVORSt &operator=(const IteratorVORSt &) = default;
     virtual ~IteratorVORSt() = default;
 

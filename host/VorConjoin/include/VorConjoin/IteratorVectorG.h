@@ -14,6 +14,7 @@ class CDbGroupObject;
 class VORCONJOIN_EXPORT IteratorVectorG : public IteratorVORSt<CDbPointVOR>
 {
 public:
+    /// Which vectors a walk shows.
     enum eTypeIterator {
         Iterator_All = 0,     ///< every vector once
         Iterator_Anchors = 1, ///< without dependents (pleat vectors, caps, handles, inner leg points)
@@ -22,6 +23,7 @@ public:
     bool next(CDbPointVOR *&vector) override;
 
 protected:
+    /// Starts at the gabarit's contour. With a group, its later gabarits and its own vectors follow.
     void start(eTypeIterator type, const GabaritObject *gabarit, const CDbGroupObject *group);
 
 private:
@@ -37,6 +39,7 @@ private:
 class VORCONJOIN_EXPORT IteratorVectorGroup final : public IteratorVectorG
 {
 public:
+    /// Starts anew; null makes an empty walk. No gabarit of it may die meanwhile.
     void first(const CDbGroupObject *group, eTypeIterator type);
 };
 
@@ -44,6 +47,7 @@ public:
 class VORCONJOIN_EXPORT IteratorVectorGabarit final : public IteratorVectorG
 {
 public:
+    /// Starts anew at the contour's first vector; null makes an empty walk.
     void first(const GabaritObject *gabarit, eTypeIterator type);
 };
 

@@ -21,12 +21,16 @@ public:
 
     /// The end that is not v; null when v is neither.
     CDbPointVOR *otherVectorLine(const CDbPointVOR *v) const;
+    /// True when the line runs along a curve.
     bool linkIsCurve() const { return mCurve != nullptr; }
     /// The curve; null for a straight line.
     CurveObject *getCurveLine() const { return mCurve; }
 
+    /// The ends in the order in which they were given.
+    ///@{
     CDbPointVOR *begin() const { return mBegin; }
     CDbPointVOR *end() const { return mEnd; }
+    ///@}
     /// Length from end to end in the current size, cm.
     double length() const;
 

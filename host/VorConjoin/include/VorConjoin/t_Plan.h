@@ -32,6 +32,7 @@ public:
     bool takeGroup(CDbGroupObject *group);
     /// Destroys a group; false for a stranger.
     bool removeGroup(CDbGroupObject *group);
+    /// The pieces in order.
     const std::vector<CDbGroupObject *> &groups() const { return mGroups; }
     /// The first group of a name; null for none.
     CDbGroupObject *groupByName(const QString &name) const;

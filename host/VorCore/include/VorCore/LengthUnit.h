@@ -14,9 +14,12 @@ class VORCORE_EXPORT LengthUnit
 public:
     constexpr LengthUnit() noexcept = default;
 
+    /// The units that there are; an inch is exactly 2.54 cm.
+    ///@{
     static constexpr LengthUnit centimetre() noexcept { return {1, 1, "cm"}; }
     static constexpr LengthUnit millimetre() noexcept { return {1, 10, "mm"}; }
     static constexpr LengthUnit inch() noexcept { return {127, 50, "in"}; }
+    ///@}
 
     /// A length of this unit in centimetres. For the centimetre itself nothing changes, to the last bit.
     double toCentimeter(double length) const noexcept { return length * mNumerator / mDenominator; }
@@ -28,11 +31,14 @@ public:
     /// The usual short sign: cm, mm, in.
     QLatin1String symbol() const noexcept { return QLatin1String(mSymbol); }
 
+    /// Equal when one unit is as long as the other.
+    ///@{
     bool operator==(const LengthUnit &other) const noexcept
     {
         return mNumerator == other.mNumerator && mDenominator == other.mDenominator;
     }
     bool operator!=(const LengthUnit &other) const noexcept { return !(*this == other); }
+    ///@}
 
 private:
     // One unit is numerator / denominator centimetres. Both are small whole numbers, so that a typed length

@@ -18,6 +18,7 @@ class [[nodiscard]] RelayBaton
 {
 public:
     RelayBaton() noexcept = default;
+    /// Keeps a copy of the function until it has run.
     VORCORE_EXPORT explicit RelayBaton(const boost::function<void()> &atTheEnd);
 
 private:

@@ -10,6 +10,7 @@ class QString;
 namespace VorSystem
 {
 
+/// Functions that need no object; none can be made.
 class VORCORE_EXPORT Utility
 {
 public:

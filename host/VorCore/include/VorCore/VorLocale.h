@@ -15,8 +15,9 @@ namespace VorSystem
 class VORCORE_EXPORT VorLocale
 {
 public:
+    /// What formatNumber adds to the bare digits.
     enum Option {
-        NoOption = 0x0,
+        NoOption = 0x0,    ///< nothing
         GroupDigits = 0x1, ///< the locale's group separator between thousands
     };
     Q_DECLARE_FLAGS(Options, Option)

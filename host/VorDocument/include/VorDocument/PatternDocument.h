@@ -38,23 +38,32 @@ public:
 
     /// Null while there are no sizes.
     const GradationData *gradationData() const override;
+    /// The manager of the frame sets; never null, the document's.
     GestFrames *framesManager() const override;
+    /// The pieces with their locks; never null, the document's.
+    ///@{
     const t_Plan *plan() const override;
     t_Plan &plan();
+    ///@}
 
+    /// What a user calls the document: any text, empty at first, stored with it.
+    ///@{
     QString name() const { return mName; }
     void setName(const QString &name) { mName = name; }
+    ///@}
 
     /// Names of the sizes, smallest first; nestNumber counts from 1, 0 is no nest. No names: no gradation.
     /// The value lists of the frame sets are fitted to the new sizes, the vectors when they are next graded.
     /// False, and nothing changed, for names that repeat or are empty and for a nest outside the list.
     bool setSizes(const QStringList &names, short nestNumber);
+    /// The names of setSizes; empty without sizes.
     const QStringList &sizeNames() const { return mSizeNames; }
     /// Name of a size counted from 1; empty for one that is not there.
     QString sizeName(short sizeNumber) const;
 
     /// The pieces in order, owned by the plan.
     const std::vector<CDbGroupObject *> &pieces() const;
+    /// A new piece without a gabarit, as the last one. Names may be empty, and may repeat.
     CDbGroupObject *newPiece(const QString &name);
     /// A deep copy of a piece of this document, as the last one: identities are kept, and its skeletons are
     /// copied with it and point at the same elements. Null for null and for a stranger.
@@ -75,10 +84,12 @@ public:
     /// Stored forms that could not be read with the document, written again as they were: sets of which a
     /// name does not resolve, and the skeleton of a gabarit, unless that has got one since; undefined for
     /// none.
+    ///@{
     const QJsonArray &lostSets() const { return mLostSets; }
     void keepLostSet(const QJsonValue &stored) { mLostSets.append(stored); }
     QJsonValue lostSkeleton(const GabaritObject *gabarit) const;
     void keepLostSkeleton(const GabaritObject *gabarit, const QJsonValue &stored);
+    ///@}
 
     /// Exchanges everything with another document. Pointers to pieces, sets and elements stay good and now
     /// belong to the other one.

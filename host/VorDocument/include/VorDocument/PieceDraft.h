@@ -20,34 +20,39 @@ using GradedPlace = std::vector<GeoPoint2D>;
 
 /// An edge of the seam line, from the end of the edge before it.
 struct DraftEdge {
-    GradedPlace to;
-    /// Control points of a cubic curve; both empty for a straight edge.
+    GradedPlace to; ///< where it ends
+
+    /// Control points of a cubic curve, from its start; both empty for a straight edge.
+    ///@{
     GradedPlace control1;
     GradedPlace control2;
+    ///@}
     /// The edge ends in the tip of a dart: it is one leg, the next edge the other one.
     bool endsInDartTip = false;
     double seamAllowance = 0.0; ///< cm; legs of darts have none
 
+    /// True with control points.
     bool isCurve() const { return !control1.empty(); }
 };
 
 /// What buildPiece makes a piece of.
 struct PieceDraft {
+    /// A straight mark from place to place.
     struct Line {
-        GradedPlace from;
-        GradedPlace to;
-        InnerLine::eUse use = InnerLine::Inner;
+        GradedPlace from;                       ///< where it begins
+        GradedPlace to;                         ///< where it ends
+        InnerLine::eUse use = InnerLine::Inner; ///< means nothing for the grain
     };
 
-    QString name;
-    GradedPlace start;
+    QString name;                 ///< of the piece, any text
+    GradedPlace start;            ///< where the first edge begins
     std::vector<DraftEdge> edges; ///< closed by a straight edge when the last one does not end at the start
     /// Marks: a notch within 1 mm of the seam in every size, else a vector inside with a drill hole.
     std::vector<GradedPlace> marks;
     /// Grain lines: the first end graded; direction and length are those of the nest.
     std::vector<Line> grainLines;
-    std::vector<Line> innerLines;
-    bool isMirrored = false; ///< about the line x = 0: all vectors are paired
+    std::vector<Line> innerLines; ///< folds and the like; an end on an anchor of the seam shares its vector
+    bool isMirrored = false;      ///< about the line x = 0: all vectors are paired
 
     /// Length that a curve may lose by its chords, per edge and size, cm. At most 128 chords are made. The
     /// default is finer than any length needs: it keeps the area of a leg's long curves to 1e-4 as well.

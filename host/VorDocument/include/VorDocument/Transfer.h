@@ -23,15 +23,18 @@ struct TransferWish {
 
 /// What became of a transfer. Elements are named as "set/element".
 struct TransferReceipt {
+    /// An element that went along; both names are equal unless the target had such a name already.
     struct Renaming {
         QString oldName; ///< in the source
         QString newName; ///< in the target
     };
+    /// A formula, and where it hangs or hung.
     struct Formula {
         QString element; ///< in the target
         QString text;    ///< before the transfer
     };
 
+    /// True when nothing was done.
     bool isRefused() const { return !refusal.isEmpty(); }
 
     QString refusal;                      ///< why nothing was done; empty when it was
@@ -41,8 +44,8 @@ struct TransferReceipt {
     std::vector<Formula> formulasDropped; ///< the same, and formulas that the receiving sets lost
     QStringList linksLeftBehind;          ///< links of the source
     QStringList framesThatChangedLinks;   ///< frames that the target had, taken into a new link
-    QStringList setsMade;
-    QStringList setsDeleted;
+    QStringList setsMade;                 ///< names of the target's new sets
+    QStringList setsDeleted;              ///< names of sets that the target had and lost
     QStringList piecesWithoutSkeleton; ///< new pieces whose skeleton would have pointed at what stayed behind
 };
 

@@ -13,8 +13,10 @@ class VORGEO_EXPORT GeoCurve : public GeoObject
 {
 public:
     GeoCurve() = default;
+    /// Takes the points over, in order. One alone or none is a curve without length.
     explicit GeoCurve(std::vector<GeoPoint2D> points);
 
+    /// The points as they were given; valid while the curve lives.
     const std::vector<GeoPoint2D> &points() const noexcept { return mPoints; }
 
     /// Length along the points; 0 with fewer than two.

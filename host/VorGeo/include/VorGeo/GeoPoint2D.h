@@ -16,16 +16,22 @@ class VORGEO_EXPORT GeoPoint2D : public GeoObject
 public:
     /// The origin.
     constexpr GeoPoint2D() noexcept = default;
+    /// x to the right, y upwards; every double is taken as it is.
     constexpr GeoPoint2D(double x, double y) noexcept : mX(x), mY(y) {}
 
+    /// The coordinates, the same as mX and mY: centimetres, unchecked.
+    ///@{
     double x() const noexcept { return mX; }
     double y() const noexcept { return mY; }
     void setX(double x) noexcept { mX = x; }
     void setY(double y) noexcept { mY = y; }
+    ///@}
 
     /// Exact: the same coordinates, without any tolerance. Marks do not count.
+    ///@{
     bool operator==(const GeoPoint2D &other) const noexcept { return mX == other.mX && mY == other.mY; }
     bool operator!=(const GeoPoint2D &other) const noexcept { return !(*this == other); }
+    ///@}
 
     /// The step from other to this point.
     GeoPoint2D operator-(const GeoPoint2D &other) const noexcept { return {mX - other.mX, mY - other.mY}; }

@@ -17,18 +17,26 @@ class VORGEO_EXPORT GeoRectangle : public GeoObject
 {
 public:
     GeoRectangle() noexcept = default;
+    /// The rectangle of a single point, which it holds: not empty, but without area.
     explicit GeoRectangle(const GeoPoint2D &point) noexcept;
 
+    /// True when it holds no point, as before the first include.
     bool isEmpty() const noexcept { return !(mLeft <= mRight && mBottom <= mTop); }
 
-    // The sides; of an empty rectangle they are infinite.
+    /// The sides. Those of an empty rectangle are infinite and the wrong way round: left and bottom +inf,
+    /// right and top -inf.
+    ///@{
     double left() const noexcept { return mLeft; }
     double right() const noexcept { return mRight; }
     double bottom() const noexcept { return mBottom; }
     double top() const noexcept { return mTop; }
+    ///@}
 
+    /// Grows as far as needed to hold what is included, and never shrinks. An empty rectangle adds nothing.
+    ///@{
     void include(const GeoPoint2D &point) noexcept;
     void include(const GeoRectangle &other) noexcept;
+    ///@}
 
     /// True when the rectangles share a point, be it on their borders.
     ///

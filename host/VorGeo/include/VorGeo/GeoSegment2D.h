@@ -20,15 +20,22 @@ public:
 
     /// Both ends at the origin.
     GeoSegment2D() noexcept = default;
+    /// Copies both ends, with their marks.
     GeoSegment2D(const GeoPoint2D &start, const GeoPoint2D &end) noexcept : mStart(start), mEnd(end) {}
 
+    /// Moving is copying: the source keeps its ends and its mark.
+    ///@{
     GeoSegment2D(const GeoSegment2D &) noexcept = default;
     GeoSegment2D(GeoSegment2D &&) noexcept = default;
     GeoSegment2D &operator=(const GeoSegment2D &) noexcept = default;
     GeoSegment2D &operator=(GeoSegment2D &&) noexcept = default;
+    ///@}
 
+    /// The ends, in centimetres; valid while the segment lives.
+    ///@{
     const GeoPoint2D &start() const noexcept { return mStart; }
     const GeoPoint2D &end() const noexcept { return mEnd; }
+    ///@}
 
     /// How a and b meet, and a common point in out.
     ///

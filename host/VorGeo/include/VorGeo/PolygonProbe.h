@@ -14,8 +14,10 @@ namespace VorSystem::Geo
 class VORGEO_EXPORT PolygonProbe
 {
 public:
+    /// Asks about the place of this point, in centimetres; the point itself may die.
     explicit PolygonProbe(const GeoPoint2D &point) noexcept : mX(point.mX), mY(point.mY) {}
 
+    /// Counts the next edge in; edges without length do no harm.
     void addEdge(const GeoPoint2D &from, const GeoPoint2D &to) noexcept;
 
     /// True when the point lies within kOnSegment of an edge.

@@ -17,6 +17,7 @@ public:
 
     /// All corners at the origin.
     TrianglePoint() noexcept = default;
+    /// The corners, turning either way. Their order is that of the weights in a TripletReal.
     TrianglePoint(const GeoPoint2D &a, const GeoPoint2D &b, const GeoPoint2D &c) noexcept
         : mA(a), mB(b), mC(c)
     {
