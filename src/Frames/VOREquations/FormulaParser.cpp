@@ -19,11 +19,17 @@
 
 namespace spirit = boost::spirit::classic;
 
-// The number parser would ask the C library about characters for which its table has no entry.
+// The number parser would ask the C library about characters for which its tables have no entry: whether they
+// are digits, and in lower case whether they are the letter of an exponent.
 template<>
 inline bool boost::spirit::classic::impl::isdigit_<unsigned short>(unsigned short character)
 {
     return character >= '0' && character <= '9';
+}
+template<>
+inline unsigned short boost::spirit::classic::impl::tolower_<unsigned short>(unsigned short character)
+{
+    return character; // the text is in lower case already
 }
 
 namespace VorSystem

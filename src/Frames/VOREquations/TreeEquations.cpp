@@ -1,10 +1,9 @@
-// A formula as a whole. Reading one from text stands in FormulaGrammar.cpp.
+// A formula as a whole. Reading one from text stands in FormulaParser.cpp.
 
 #include <VorFrames/TreeEquations.h>
 
 #include "Preconditions.h"
 #include "VOREquations/EquationsUnit.h"
-#include "VOREquations/Evaluator.h"
 
 #include <VorFrames/BaseFrame.h>
 #include <VorFrames/ElementEquation.h>
@@ -43,7 +42,8 @@ QString TreeEquations::toString() const
 
 double TreeEquations::evaluate(short size)
 {
-    return Evaluator(size, BOOST_CURRENT_FUNCTION).valueOf(root, 1);
+    VOR_REQUIRE(root != nullptr);
+    return root->evaluate(size);
 }
 
 void TreeEquations::addReferencesInLists(QListEx<BaseFrame *> &pendingMeasures,

@@ -28,6 +28,19 @@ TEST_F(ElementEquationTest, aNewNodeIsEmpty)
     EXPECT_TRUE(node.pendingName.isEmpty());
 }
 
+TEST_F(ElementEquationTest, aNodeMadeOfKindValueAndElementHasNothingElse)
+{
+    const ElementEquation node(ElemLevel, 2.5, mA);
+
+    EXPECT_EQ(node.contents, ElemLevel);
+    EXPECT_EQ(node.value, 2.5);
+    EXPECT_EQ(node.element, mA);
+    EXPECT_EQ(node.sonLeft, nullptr);
+    EXPECT_EQ(node.sonRight, nullptr);
+    EXPECT_EQ(node.implicitUnit, ImplicitNumber);
+    EXPECT_TRUE(node.pendingName.isEmpty());
+}
+
 TEST_F(ElementEquationTest, kindsAndUnitsAreStoredIn32Bits)
 {
     EXPECT_EQ(sizeof(ElementEquation::contents), 4U);
@@ -134,8 +147,10 @@ TEST_F(ElementEquationTest, aListThatIsTooShortEndsTheProgram)
 {
     Probe probe("p");
     probe.mMeasures.mValues = {1.0, 2.0};
+    probe.mLevels.mValues = {1.0};
 
     EXPECT_DEATH(measureOf(&probe)->evaluate(2), "index");
+    EXPECT_DEATH(levelOf(&probe)->evaluate(1), "index");
 }
 
 TEST_F(ElementEquationTest, constantsAreNotConverted)

@@ -97,6 +97,7 @@ TEST_F(FormulaParserTest, numbersAsTheGrammarReadsThem)
         {"007",      "7"},
         {"1e400",    "inf"},
         {"1e99999999999", "inf"},
+        {"0e400",    "nan"}, // nothing times a power that has no number
         {"1 000",    "1000"},
         {"1 . 5",    "1.5"},
         {"- 5",      "-5"},
@@ -268,6 +269,14 @@ TEST_F(FormulaParserTest, aSeparatorInsideANameIsCutOutOfTheTypedText)
     EXPECT_EQ(text(formula->root->sonLeft->pendingName), "X1,5");
     EXPECT_EQ(formula->root->sonLeft->element, nullptr);
     EXPECT_EQ(formula->root->sonRight->value, 0.5);
+
+    // A group separator is lost to the grammar, but not to the name.
+    FrameLink *const link = mSet.newLink(QStringLiteral("v.2"));
+    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    const Formula grouped = parsed("Measure(V.2) * 1.000");
+    EXPECT_EQ(text(grouped->root->sonLeft->pendingName), "V.2");
+    EXPECT_EQ(grouped->root->sonLeft->element, link);
+    EXPECT_EQ(grouped->root->sonRight->value, 1000.0);
 }
 
 TEST_F(FormulaParserTest, lettersThatGrowInLowerCaseShiftTheNamesBehindThem)
