@@ -5,6 +5,8 @@
 #include <VorJson/VorJson.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace VorSystem;
 using support::Piece;
 
@@ -146,6 +148,32 @@ TEST(Chains, theCursorComesRoundAndKnowsNothingOfIterators)
     GabaritObject empty;
     EXPECT_EQ(empty.gabaritFirstContourVector(), nullptr);
     EXPECT_EQ(empty.gabaritNextContourVector(), nullptr);
+}
+
+TEST(Chains, aWalkGoesGabaritByGabaritThenOverOwnVectorsAndLeavesDependentsOutOnRequest)
+{
+    const Piece piece = support::bodiceWithDart();
+    GabaritObject *pocket = piece.group->newGabarit();
+    for (int place = 0; place < 3; ++place)
+        pocket->addContourVector(GeoPoint2D(place, place * place));
+    piece.dart->pICAdjustTheCopyVectors(); // copies are never walked
+
+    std::vector<CDbPointVOR *> expected = piece.gabarit->contourVectors();
+    expected.insert(expected.end(), pocket->contourVectors().begin(), pocket->contourVectors().end());
+    expected.insert(expected.end(), piece.group->ownVectors().begin(), piece.group->ownVectors().end());
+    EXPECT_EQ(support::vectorsOf(piece.group.get()), expected);
+
+    expected.erase(std::remove_if(expected.begin(), expected.end(),
+                                  [](const CDbPointVOR *v) { return v->mVectorKind >= Vector_Pleat; }),
+                   expected.end());
+    std::vector<CDbPointVOR *> anchors;
+    IteratorVectorGroup walk;
+    walk.first(piece.group.get(), IteratorVectorG::Iterator_Anchors);
+    for (CDbPointVOR *v = nullptr; walk.next(v);)
+        anchors.push_back(v);
+    EXPECT_EQ(anchors, expected);
+    EXPECT_NE(std::find(anchors.begin(), anchors.end(), piece.dart->mPivotVector), anchors.end());
+    EXPECT_EQ(std::find(anchors.begin(), anchors.end(), piece.at(2)), anchors.end()); // the cap
 }
 
 TEST(Chains, emptyWalksEndAtOnce)

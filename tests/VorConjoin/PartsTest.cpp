@@ -164,6 +164,52 @@ TEST_F(DartedRectangle, aMouthThatIsNoneIsRefusedAndLeavesNoLineBehind)
     EXPECT_EQ(group->lines().size(), lines);
 }
 
+TEST_F(DartedRectangle, aLegThatMeetsAVectorTwiceOrSharesALineIsNone)
+{
+    GabaritObject *second = group->newGabarit();
+    std::vector<CDbPointVOR *> w;
+    for (const GeoPoint2D &place :
+         {GeoPoint2D(0, 0), GeoPoint2D(2, -0.5), GeoPoint2D(4, 0), GeoPoint2D(2, 20)})
+        w.push_back(second->addContourVector(place));
+    CDbPointVOR *tip = group->addOwnVector(GeoPoint2D(2, 10));
+    CDbPointVOR *inner = group->addOwnVector(GeoPoint2D(1, 5));
+    using Leg = std::vector<LineObject *>;
+    const auto line = [&](CDbPointVOR *a, CDbPointVOR *b) { return group->addLine(a, b); };
+    const auto refused = [&](const Leg &first, const Leg &other) {
+        return group->addDart(second, w[0], w[1], w[2], tip, first, other) == nullptr;
+    };
+    LineObject *right = line(tip, w[2]);
+    LineObject *shared = line(tip, inner);
+
+    EXPECT_TRUE(refused({line(tip, w[0]), line(w[0], inner), line(inner, w[0])}, {right}));
+    EXPECT_TRUE(refused({line(tip, inner), line(inner, tip), line(tip, w[0])}, {right}));
+    EXPECT_TRUE(refused({group->addCurve({tip, inner, tip}), line(tip, w[0])}, {right}));
+    EXPECT_TRUE(refused({shared, line(inner, w[0])}, {shared, line(inner, w[2])}));
+    EXPECT_TRUE(refused({dart->leg(0).front(), line(v[1], w[0])}, {right}));
+    EXPECT_EQ(second->mFirstDart, nullptr);
+    EXPECT_FALSE(refused({shared, line(inner, w[0])}, {right}));
+    EXPECT_TRUE(refused({line(tip, w[0])}, {right})) << "a line of this dart already";
+}
+
+TEST_F(DartedRectangle, legsEqualInTheNestAloneAreNotKeptEqual)
+{
+    GabaritObject *second = group->newGabarit();
+    std::vector<CDbPointVOR *> w;
+    for (const GeoPoint2D &place :
+         {GeoPoint2D(0, 0), GeoPoint2D(2, -0.5), GeoPoint2D(4, 0), GeoPoint2D(2, 20)})
+        w.push_back(second->addContourVector(place));
+    CDbPointVOR *tip = group->addOwnVector(GeoPoint2D(2, 10));
+    const RegularSteps outwards{{0.0, 0.0}, {-1.0, 0.0}};
+    CDbPointVOR *bending = group->addOwnVector(GeoPoint2D(0.5, 5), Vector_DartInner, &outwards);
+    CDbPointVOR *stiff = group->addOwnVector(GeoPoint2D(3.5, 5), Vector_DartInner);
+
+    const DartContour *bent = group->addDart(second, w[0], w[1], w[2], tip, {bending}, {stiff});
+
+    ASSERT_NE(bent, nullptr);
+    EXPECT_EQ(bent->legLength(0), bent->legLength(1));
+    EXPECT_FALSE(bent->mLegsMadeEqual);
+}
+
 TEST_F(DartedRectangle, aTipOnTheContourIsADartToo)
 {
     DartContour *flat = group->addDart(gabarit, v[4], v[5], v[6], v[0]);
@@ -261,6 +307,14 @@ TEST(Pleats, aPleatVectorFollowsItsEdgeInEverySize)
     EXPECT_EQ(far->mDisplacementX, 1.0F);
 }
 
+TEST(Pleats, aCurveHasNone)
+{
+    const Piece piece = support::bodiceWithDart();
+    EXPECT_EQ(piece.group->addPleatVector(piece.at(5), 0.5), nullptr);
+    EXPECT_EQ(piece.group->addPleatVector(piece.at(8), 0.5), nullptr);
+    EXPECT_NE(piece.group->addPleatVector(piece.at(9), 0.5), nullptr); // the shoulder between two curves
+}
+
 TEST(MirrorOfAPiece, aMoveOfOneHalfIsSharedByBoth)
 {
     const Piece piece = support::mirroredBack();
@@ -291,6 +345,12 @@ TEST(MirrorOfAPiece, sidesAreRecordedOrTakenFromThePlace)
     EXPECT_EQ(mirror->imageOf(piece.at(4)), piece.at(14));
     EXPECT_FALSE(mirror->addPair(piece.at(4), piece.at(5)));
     EXPECT_FALSE(mirror->addPair(nullptr, piece.at(5)));
+    const Piece other = support::rectangle();
+    CDbPointVOR *single = piece.group->addOwnVector(GeoPoint2D(3, 3));
+    EXPECT_FALSE(mirror->addPair(single, other.at(0)));
+    EXPECT_FALSE(mirror->addPair(other.at(0), other.at(1)));
+    EXPECT_EQ(mirror->imageOf(single), nullptr);
+    EXPECT_TRUE(mirror->addPair(single, single));
     // The neighbour of 8 is on the axis: it is passed over.
     EXPECT_EQ(piece.at(8)->gabaritNeighborContourVector(true), piece.at(9));
     EXPECT_EQ(piece.at(8)->gabaritContourVectorNeighborPoint(true), piece.at(10));

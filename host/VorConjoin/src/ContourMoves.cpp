@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <optional>
 
 namespace VorSystem
@@ -17,6 +18,9 @@ namespace VorSystem
 
 namespace
 {
+
+// cm; displacements are floats, and those of no longer stretch leave their range.
+constexpr double kLongest = 0.5 * double(std::numeric_limits<float>::max());
 
 void shift(CDbPointVOR &v, double dx, double dy)
 {
@@ -170,7 +174,7 @@ void GabaritObject::setStretchLength(CDbPointVOR *a, CDbPointVOR *b, double leng
                       [](CDbPointVOR *v) { clearDisplacement(*v); });
 
     const ContourStretch stretch(*this, a, b, forward);
-    const bool isPossible = stretch.hasLength() && std::isfinite(length);
+    const bool isPossible = stretch.hasLength() && std::abs(length) <= kLongest;
     for (std::size_t place = 0; place < stretch.count(); ++place) {
         CDbPointVOR *v = stretch.vector(place);
         clearDisplacement(*v);

@@ -35,6 +35,17 @@ GeoPoint2D carriedAlong(const GeoPoint2D &place, const GeoPoint2D &oldFrom, cons
     return GeoPoint2D(from.mX + along * now.mX - aside * now.mY, from.mY + along * now.mY + aside * now.mX);
 }
 
+double lengthInSize(const std::vector<const CDbPointVOR *> &way, short size, const GradationData &gradation)
+{
+    double sum = 0.0;
+    for (std::size_t place = 1; place < way.size(); ++place) {
+        sum += way[place - 1]
+                   ->positionInSize(size, &gradation)
+                   .distance(way[place]->positionInSize(size, &gradation));
+    }
+    return sum;
+}
+
 } // namespace
 
 DartContour::DartContour(CDbPointVOR *firstLeg, CDbPointVOR *cap, CDbPointVOR *secondLeg, CDbPointVOR *pivot)
@@ -171,17 +182,30 @@ bool DartContour::legsAreEqualInEverySize() const
     if (!first || !second || !mPivotVector || std::abs(legLength(0) - legLength(1)) > kEqualLegs)
         return false;
 
+    // The legs as they are drawn, and straight across: a rebuild makes the latter equal, and each leg keeps
+    // its shape over it.
+    std::array<std::vector<const CDbPointVOR *>, 4> ways;
+    for (std::size_t which = 0; which < 2; ++which) {
+        const std::vector<CDbPointVOR *> inner = innerLegVectors(static_cast<int>(which));
+        const CDbPointVOR *end = which == 0 ? first : second;
+        ways[which] = {mPivotVector};
+        ways[which].insert(ways[which].end(), inner.begin(), inner.end());
+        ways[which].push_back(end);
+        ways[which + 2] = {mPivotVector, end};
+    }
+
     // Regular vectors alone: one size to either side of the nest tells.
     GradationData gradation(3, 2);
-    for (const CDbPointVOR *v : {first, second, static_cast<const CDbPointVOR *>(mPivotVector)}) {
-        if (const IrregularGradationData *own = v->mIrregularGradation)
-            gradation = GradationData(own->size(), own->indexMedium());
+    for (const auto &way : ways) {
+        for (const CDbPointVOR *v : way) {
+            if (const IrregularGradationData *own = v->mIrregularGradation)
+                gradation = GradationData(own->size(), own->indexMedium());
+        }
     }
     for (short size = 1; size <= gradation.gradationNum(); ++size) {
-        const GeoPoint2D pivot = mPivotVector->positionInSize(size, &gradation);
-        const double one = pivot.distance(first->positionInSize(size, &gradation));
-        const double other = pivot.distance(second->positionInSize(size, &gradation));
-        if (std::abs(one - other) > kEqualLegs)
+        const auto lengthOf = [&](std::size_t way) { return lengthInSize(ways[way], size, gradation); };
+        if (std::abs(lengthOf(0) - lengthOf(1)) > kEqualLegs ||
+            std::abs(lengthOf(2) - lengthOf(3)) > kEqualLegs)
             return false;
     }
     return true;

@@ -54,16 +54,35 @@ void placeBetween(CDbPointVOR &v, const CDbPointVOR &a, const CDbPointVOR &b, do
     v.setEvolutions(evolutions, gradation.mediumIndex());
 }
 
-// The lines lead from the pivot to the end without a break.
+// The lines lead from the pivot to the end without a break, and meet no vector twice: a walk that asks at
+// each end for the line beyond it would turn round there.
 bool isLeg(const std::vector<LineObject *> &lines, const CDbPointVOR *pivot, const CDbPointVOR *end)
 {
-    const CDbPointVOR *reached = pivot;
+    std::vector<const CDbPointVOR *> met = {pivot};
     for (const LineObject *line : lines) {
-        reached = line ? line->otherVectorLine(reached) : nullptr;
-        if (!reached)
+        const CDbPointVOR *reached = line ? line->otherVectorLine(met.back()) : nullptr;
+        if (!reached || std::find(met.begin(), met.end(), reached) != met.end())
             return false;
+        met.push_back(reached);
     }
-    return reached == end;
+    return met.back() == end;
+}
+
+// a and b are neighbours on a curve.
+bool isCurveEdge(const std::vector<LineObject *> &lines, const CDbPointVOR *a, const CDbPointVOR *b)
+{
+    return std::any_of(lines.begin(), lines.end(), [&](const LineObject *line) {
+        if (!line->linkIsCurve())
+            return false;
+        const std::vector<CDbPointVOR *> &points = line->getCurveLine()->points();
+        for (std::size_t place = 1; place < points.size(); ++place) {
+            const CDbPointVOR *one = points[place - 1];
+            const CDbPointVOR *other = points[place];
+            if ((one == a && other == b) || (one == b && other == a))
+                return true;
+        }
+        return false;
+    });
 }
 
 } // namespace
@@ -168,6 +187,13 @@ DartContour *CDbGroupObject::addDart(GabaritObject *gabarit, CDbPointVOR *firstL
     if (!isDartPossible(gabarit, pivot) || firstLines.empty() || secondLines.empty() ||
         !isLeg(firstLines, pivot, firstLeg) || !isLeg(secondLines, pivot, secondLeg))
         return nullptr;
+    // A line of two legs would not tell which of them it is asked about.
+    const auto isOfADart = [&](const LineObject *line) { return pICIsLine(line, nullptr); };
+    if (std::any_of(firstLines.begin(), firstLines.end(), isOfADart) ||
+        std::any_of(secondLines.begin(), secondLines.end(), isOfADart) ||
+        std::find_first_of(firstLines.begin(), firstLines.end(), secondLines.begin(), secondLines.end()) !=
+            firstLines.end())
+        return nullptr;
     auto dart = std::make_unique<DartContour>(firstLeg, cap, secondLeg, pivot);
     if (!gabarit->addDart(dart.get()))
         return nullptr;
@@ -197,7 +223,7 @@ CDbPointVOR *CDbGroupObject::addPleatVector(CDbPointVOR *a, double u)
         if (gabarit->pleatParameter(b) <= u)
             behind = b;
     }
-    if (b == a || !b->isAnchor() || gabarit->isDeadEdge(a, b))
+    if (b == a || !b->isAnchor() || gabarit->isDeadEdge(a, b) || isCurveEdge(mLines, a, b))
         return nullptr;
 
     CDbPointVOR *v = CDbPointVOR::newVectorObject();

@@ -1,6 +1,7 @@
 // The mirror of a group.
 // Neither half is master: a move of one half is shared by both, so that no move is undone or doubled.
 
+#include <VorConjoin/CDbGroupObject.h>
 #include <VorConjoin/CDbPointVOR.h>
 #include <VorConjoin/Mirror.h>
 #include <VorGeo/GeoAlgorithms.h>
@@ -58,11 +59,12 @@ Mirror::MirrorTag Mirror::getGeometricTag(const CDbPointVOR &vector) const
 
 bool Mirror::addPair(CDbPointVOR *side1, CDbPointVOR *side2)
 {
-    if (!side1 || !side2)
+    const CDbGroupObject *piece = side1 && side2 ? side1->group() : nullptr;
+    if (!piece || side2->group() != piece || piece->mMirror != this)
         return false;
     const int first = side1->Num_ID().number();
     const int second = side2->Num_ID().number();
-    if (first == 0 || second == 0 || mPairOf.count(first) > 0 || mPairOf.count(second) > 0)
+    if (mPairOf.count(first) > 0 || mPairOf.count(second) > 0)
         return false;
     mPairOf[first] = mPairOf[second] = mPairs.size();
     mPairs.push_back({side1, side2});

@@ -95,6 +95,17 @@ TEST_P(Totality, goalsThatAreNoNumbersMoveNothing)
     EXPECT_EQ(bits(), before);
 }
 
+TEST_P(Totality, lengthsBeyondWhatADisplacementHoldsGiveNone)
+{
+    const Vectors all = anchors();
+    for (const double length : {1e300, -1e300, 1e39, -1e39, 1e30}) {
+        gabarit->setStretchLength(all[0], all[2], length, true, true);
+        for (const CDbPointVOR *v : contour())
+            EXPECT_TRUE(std::isfinite(v->mDisplacementX) && std::isfinite(v->mDisplacementY)) << length;
+        EXPECT_EQ(all[2]->mDisplacementX == 0.0F && all[2]->mDisplacementY == 0.0F, std::abs(length) > 1e38);
+    }
+}
+
 TEST_P(Totality, aPieceShrunkToOnePointStaysFiniteInEveryOperation)
 {
     for (CDbPointVOR *v : vectors())
