@@ -171,7 +171,8 @@ bool draw(const Move &move, const QDir &output, const QDir &documents)
 
     QSaveFile file(output.filePath(QLatin1String(move.picture) + QStringLiteral(".svg")));
     const QByteArray picture = drawOverlay(before, after, move.size);
-    if (!file.open(QIODevice::WriteOnly) || file.write(picture) != picture.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(picture) != picture.size() || !file.flush() ||
+        !file.commit())
         throw std::runtime_error("a picture cannot be written");
     return isWell;
 }

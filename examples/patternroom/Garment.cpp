@@ -104,7 +104,8 @@ void storeText(const QByteArray &text, const QString &path)
         return;
     }
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() ||
+        !file.commit())
         throw unwritable(path, bare(file.errorString()));
 }
 

@@ -8,12 +8,24 @@
 
 #include <QStringList>
 
+#include <string>
+
 namespace documents
 {
 
 inline QString text(const char *words)
 {
     return QString::fromUtf8(words);
+}
+
+inline std::string str(const QByteArray &words)
+{
+    return words.toStdString();
+}
+
+inline std::string str(const QString &words)
+{
+    return words.toStdString();
 }
 
 inline QStringList sevenNames()

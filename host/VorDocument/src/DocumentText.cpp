@@ -3,6 +3,9 @@
 #include "JsonLayout.h"
 #include "JsonPlace.h"
 #include "PieceJson.h"
+#include "ReadBack.h"
+#include "SetFromJson.h"
+#include "SkeletonFromJson.h"
 
 #include <VorConjoin/CDbGroupObject.h>
 #include <VorConjoin/GabaritObject.h>
@@ -16,6 +19,7 @@
 #include <VorJson/VorJson.h>
 
 #include <limits>
+#include <map>
 
 namespace VorSystem
 {
@@ -85,105 +89,113 @@ void readSizes(const JsonPlace &stored, PatternDocument &document)
                    "are no sizes: names must differ, and the nest be one of them");
 }
 
-QString nameOf(const QJsonValue &stored)
-{
-    return stored.toObject().value(QLatin1String("set_name")).toString();
-}
+// What a reading came upon.
+struct Reading {
+    QStringList told;                                ///< everything, in the order of the text
+    QStringList leftOut;                             ///< by number of the set: why it was left out, or empty
+    std::map<const GabaritObject *, QString> untied; ///< why a contour has no skeleton
+};
 
-// Set by set, so that one that is left out can be told.
-void readSets(const JsonPlace &stored, PatternDocument &document, QStringList &dropped)
+void readSets(const JsonPlace &stored, PatternDocument &document, Reading &reading)
 {
     if (!stored.isThere())
         return;
     stored.onlyKeys({"frames"});
-    GestFrames &manager = *document.framesManager();
     stored["frames"].forEach([&](const JsonPlace &set) {
-        set.require(set.value().isObject(), "is not an object");
-        const short before = manager.numberOfFrameSets();
-        manager.fromJson(XJsonObject::fromJsonObject({{QStringLiteral("frames"), QJsonArray{set.value()}}}),
-                         true);
-        if (manager.numberOfFrameSets() > before)
+        const QString why = setFromJson(set.value(), document, reading.told);
+        reading.leftOut << why;
+        if (why.isEmpty())
             return;
         document.keepLostSet(set.value());
-        dropped
-            << QStringLiteral("The set \"%1\" names an element that is not there.").arg(nameOf(set.value()));
+        reading.told << why;
     });
 }
 
 void readSkeleton(const JsonPlace &stored, GabaritObject *gabarit, PatternDocument &document,
-                  QStringList &dropped)
+                  Reading &reading)
 {
-    if (!stored.isThere())
+    const QString why = skeletonFromJson(stored, gabarit, document, reading.told);
+    if (why.isEmpty())
         return;
-    stored.require(stored.value().isObject(), "is not an object");
-    const QString piece = gabarit->group()->name();
-    ControlSkeleton *skeleton = document.newSkeleton(gabarit);
-    try {
-        skeleton->fromJson(XJsonObject::fromJsonObject(stored.value().toObject()), document.framesManager());
-    } catch (const NonFatalError &) {
-        delete skeleton;
-        document.keepLostSkeleton(gabarit, stored.value());
-        dropped << QStringLiteral("The skeleton of \"%1\" names an element or a vector that is not there.")
-                       .arg(piece);
-        return;
-    }
-    const auto count = [&](const char *key) {
-        return stored.value().toObject().value(QLatin1String(key)).toArray().size();
-    };
-    if (skeleton->getFrameLists().size() < count("frames") ||
-        skeleton->getSegmentLists().size() < count("segments"))
-        dropped << QStringLiteral("A frame or segment of \"%1\" has no vectors.").arg(piece);
+    reading.untied[gabarit] = why;
+    reading.told << why;
 }
 
 // Everything is there before the first skeleton asks for it.
-void readInto(const JsonPlace &stored, PatternDocument &document, QStringList &dropped)
+void readInto(const JsonPlace &stored, PatternDocument &document, Reading &reading)
 {
     stored["format"].require(stored["format"].text() == QLatin1String(kFormat),
                              "is no format that can be read");
     stored.onlyKeys({"format", "name", "sizes", "pieces", "frameSets"});
     document.setName(stored["name"].text(QString()));
     readSizes(stored["sizes"], document);
-    readSets(stored["frameSets"], document, dropped);
+    readSets(stored["frameSets"], document, reading);
 
     const JsonPlace pieces = stored["pieces"];
     pieces.forEach([&](const JsonPlace &piece) {
         document.plan().addGroup(pieceFromJson(piece, document.gradationData()).release());
         GabaritObject *gabarit = document.pieces().back()->firstGabarit();
         piece["contours"].forEach([&](const JsonPlace &contour) {
-            readSkeleton(contour["skeleton"], gabarit, document, dropped);
+            readSkeleton(contour["skeleton"], gabarit, document, reading);
             gabarit = gabarit->mNextGabarit;
         });
     });
 }
 
-// What was read earlier and could not be kept is lost again; anything more would be lost by saving.
-int lostParts(const PatternDocument &document)
+// What a document has now and would not have after its text was read; what it had lost before stays lost.
+QString whatWouldBeLost(const PatternDocument &document, const PatternDocument &readBack,
+                        const Reading &reading, QStringList &told)
 {
-    int lost = document.lostSets().size();
-    for (const CDbGroupObject *piece : document.pieces()) {
-        for (GabaritObject *gabarit = piece->firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit)
-            lost += !gabarit->controlSkeleton() && !document.lostSkeleton(gabarit).isUndefined() ? 1 : 0;
+    const int sets = document.framesManager()->getFrameSets().size();
+    for (const QString &why : reading.leftOut.mid(0, sets)) {
+        if (!why.isEmpty())
+            return why;
     }
-    return lost;
+    for (std::size_t number = 0; number < document.pieces().size(); ++number) {
+        const GabaritObject *again = readBack.pieces()[number]->firstGabarit();
+        for (GabaritObject *gabarit = document.pieces()[number]->firstGabarit(); gabarit;
+             gabarit = gabarit->mNextGabarit) {
+            const auto why = reading.untied.find(again);
+            if (gabarit->controlSkeleton() && why != reading.untied.end())
+                return why->second;
+            again = again->mNextGabarit;
+        }
+    }
+    return whatChanged(document, readBack, told);
+}
+
+// The text, proven by a reading; empty, with the reason.
+QByteArray provenText(const PatternDocument &document, QString &why, QStringList &told)
+{
+    why = whatHasNoForm(document);
+    if (!why.isEmpty())
+        return QByteArray();
+    const QByteArray text = jsonLayout(documentToJson(document));
+    PatternDocument readBack;
+    Reading reading;
+    readInto(JsonPlace(parsedJson(text)), readBack, reading);
+    why = whatWouldBeLost(document, readBack, reading, told);
+    return why.isEmpty() ? text : QByteArray();
 }
 
 } // namespace
 
 QByteArray documentToText(const PatternDocument &document, DocumentReport *report)
 {
-    const QByteArray text = jsonLayout(documentToJson(document));
-
-    PatternDocument scratch;
-    DocumentReport readBack;
-    QString &error = readBack.error;
-    if (documentFromText(text, scratch, &readBack) && lostParts(scratch) > lostParts(document))
-        error = readBack.dropped.join(QLatin1Char(' '));
-    if (!error.isEmpty())
-        error = QStringLiteral("The document could not be read back, so it is not saved. ") + error;
-    const bool isGood = error.isEmpty();
+    DocumentReport told;
+    QByteArray text;
+    try {
+        text = provenText(document, told.error, told.dropped);
+    } catch (const JsonFault &fault) {
+        told.error = QString::fromUtf8(fault.what());
+    } catch (const NonFatalError &error) {
+        told.error = QString::fromUtf8(error.what());
+    }
+    if (!told.error.isEmpty())
+        told = {QStringLiteral("The document could not be read back, so it is not saved. ") + told.error, {}};
     if (report)
-        *report = {error, {}};
-    return isGood ? text : QByteArray();
+        *report = told;
+    return text;
 }
 
 bool documentFromText(const QByteArray &text, PatternDocument &document, DocumentReport *report)
@@ -191,7 +203,9 @@ bool documentFromText(const QByteArray &text, PatternDocument &document, Documen
     DocumentReport told;
     try {
         PatternDocument fresh;
-        readInto(JsonPlace(parsedJson(text)), fresh, told.dropped);
+        Reading reading;
+        readInto(JsonPlace(parsedJson(text)), fresh, reading);
+        told.dropped = reading.told;
         document.swap(fresh);
     } catch (const JsonFault &fault) {
         told = {QString::fromUtf8(fault.what()), {}};

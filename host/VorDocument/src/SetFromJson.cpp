@@ -1,0 +1,137 @@
+#include "SetFromJson.h"
+
+#include "FormulaArrivals.h"
+#include "Told.h"
+#include "UnreadValues.h"
+
+#include <VorCore/VorCoreApplication.h>
+#include <VorDocument/PatternDocument.h>
+#include <VorFrames/Errors.h>
+#include <VorFrames/FrameSet.h>
+#include <VorFrames/GestFrames.h>
+#include <VorJson/VorJson.h>
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <boost/exception/get_error_info.hpp>
+
+namespace VorSystem
+{
+
+namespace
+{
+
+QJsonArray listIn(const QJsonObject &object, const char *key)
+{
+    return object.value(QLatin1String(key)).toArray();
+}
+
+QString textIn(const QJsonObject &object, const char *key)
+{
+    return object.value(QLatin1String(key)).toString();
+}
+
+// The reading of a set outside any manager's list, up to the place where it fails.
+class TrialReading
+{
+public:
+    TrialReading(const QJsonObject &stored, GestFrames *manager) : mSet(QString(), manager)
+    {
+        const RelayBaton centimetres = VorCoreApplication::instance().resetAppUnitToCentimetre();
+        try {
+            mSet.fromJson(XJsonObject::fromJsonObject(stored));
+        } catch (const AssertionError &) {
+            mFails = true;
+        }
+    }
+    TrialReading(const TrialReading &) = delete;
+    TrialReading &operator=(const TrialReading &) = delete;
+    ~TrialReading() { mSet.setFrameManager(nullptr); } // no document hears of it
+
+    bool fails() const { return mFails; }
+    /// With everything that was read before the failure.
+    const FrameSet &set() const { return mSet; }
+
+private:
+    FrameSet mSet;
+    bool mFails = false;
+};
+
+// The name, and what is wrong with it for a reader that looks for an element of another kind than a frame.
+QString notFound(const FrameSet &set, const QString &name)
+{
+    const char *fault = "which is not there";
+    if (name.contains(QLatin1Char(':')))
+        fault = "a name that means a frame because of its colon";
+    else if (set.foundElementAccordingName(name, true) != nullptr)
+        fault = "a name that means another element";
+    return QStringLiteral("\"%1\", %2").arg(name, QLatin1String(fault));
+}
+
+QString whyFrameFails(const QJsonObject &frame, const FrameSet &set)
+{
+    const QString name = textIn(frame, "name");
+    const QString center = textIn(frame, "center_name");
+    const BaseFrame *const found = set.foundElementAccordingName(center, true);
+    if (found == nullptr || const_cast<BaseFrame *>(found)->elementType() != Element_Center)
+        return QStringLiteral("the frame \"%1\" stands on the center %2").arg(name, notFound(set, center));
+    return QStringLiteral("the frame \"%1\" belongs to the link %2")
+        .arg(name, notFound(set, textIn(frame, "link_name")));
+}
+
+// The first record whose formulas end the reading; one of them does.
+QJsonObject firstFailingRecord(QJsonObject stored, GestFrames *manager)
+{
+    const QJsonArray records = listIn(stored, "formulars");
+    int passing = 0; // so many records are read to their end
+    int failing = records.size();
+    while (failing - passing > 1) {
+        const int middle = passing + (failing - passing) / 2;
+        QJsonArray some;
+        for (int index = 0; index < middle; ++index)
+            some.append(records.at(index));
+        stored.insert(QStringLiteral("formulars"), some);
+        (TrialReading(stored, manager).fails() ? failing : passing) = middle;
+    }
+    return records.at(failing - 1).toObject();
+}
+
+QString whyLeftOut(const QJsonObject &stored, GestFrames *manager)
+{
+    const TrialReading trial(stored, manager);
+    const QJsonArray frames = listIn(stored, "frames");
+    const int read = trial.set().getFrames().count();
+    if (read < frames.size())
+        return whyFrameFails(frames.at(read).toObject(), trial.set());
+    if (trial.fails())
+        return whyFormulaFails(firstFailingRecord(stored, manager), trial.set());
+    return QStringLiteral("it cannot be read");
+}
+
+} // namespace
+
+QString setFromJson(const QJsonValue &stored, PatternDocument &document, QStringList &told)
+{
+    const QJsonObject object = stored.toObject();
+    const QString name = QStringLiteral("The set \"%1\"").arg(textIn(object, "set_name"));
+    if (!stored.isObject())
+        return QStringLiteral("A set was left out: it is not an object.");
+
+    // In a manager of its own the set is known to be the one that arrived.
+    GestFrames one;
+    one.setDocument(&document);
+    one.fromJson(XJsonObject::fromJsonObject({{QStringLiteral("frames"), QJsonArray{stored}}}), true);
+    const QListEx<FrameSet *> arrived = one.getFrameSets();
+    if (arrived.isEmpty())
+        return QStringLiteral("%1 was left out: %2.").arg(name, whyLeftOut(object, document.framesManager()));
+
+    FrameSet *const set = arrived.first();
+    set->aTransferredManager(document.framesManager());
+    Told losses(name);
+    tellUnreadOfSet(object, losses);
+    tellFormulasThatDidNotArrive(listIn(object, "formulars"), *set, losses);
+    told << losses.sentences();
+    return QString();
+}
+
+} // namespace VorSystem
