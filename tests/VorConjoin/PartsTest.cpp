@@ -62,6 +62,23 @@ TEST_F(DartedRectangle, aMeasureLeavesTheDartOutAndALevelDoesNot)
     EXPECT_NEAR(gabarit->measureBetween(group.get(), pivot, left, true), pivot->distance(*left), 1e-12);
 }
 
+TEST_F(DartedRectangle, aMeasureInsideADartIsNothingAndTwoDartsTakeNoPartTwice)
+{
+    CDbPointVOR *left = group->addOwnVector(GeoPoint2D(19.5, 5));
+    CDbPointVOR *right = group->addOwnVector(GeoPoint2D(20.5, 5));
+    EXPECT_EQ(gabarit->measureBetween(group.get(), left, right, true), 0.0);
+    EXPECT_EQ(gabarit->measureBetween(group.get(), left, right, false), 1.0);
+
+    // A second dart, narrower and longer, over the first.
+    CDbPointVOR *one = gabarit->addContourVector(GeoPoint2D(19, 0));
+    CDbPointVOR *other = gabarit->addContourVector(GeoPoint2D(21, 0));
+    CDbPointVOR *tip = group->addOwnVector(GeoPoint2D(20, 30));
+    ASSERT_NE(group->addDart(gabarit, one, nullptr, other, tip), nullptr);
+    CDbPointVOR *west = group->addOwnVector(GeoPoint2D(0, 7.5));
+    CDbPointVOR *east = group->addOwnVector(GeoPoint2D(40, 7.5));
+    EXPECT_NEAR(gabarit->measureBetween(group.get(), west, east, true), 38.0, 1e-12); // 1.5 lies within 2
+}
+
 TEST_F(DartedRectangle, aMouthMovesRigidlyAndSharesOneFallOff)
 {
     gabarit->moveVectorContourBetween(v[0], v[4], v[4], 3.6, 0.0, true);
@@ -145,12 +162,67 @@ TEST_F(DartedRectangle, innerLegVectorsKeepTheirShapeInTheLineFromPivotToLegEnd)
     EXPECT_EQ(end, nullptr);
     EXPECT_EQ(other.pICGetLineNext(curve, w[2], &end), nullptr);
 
+    // The pivot only ends its curved leg: it is no point inside a curve.
+    EXPECT_FALSE(other.isVectorInGroupCurve(tip, true, true, true, false, nullptr, nullptr, nullptr));
+    EXPECT_TRUE(other.isVectorInGroupCurve(bend, true, true, true, false, nullptr, nullptr, nullptr));
+
     for (CDbPointVOR *v1 : {w[0], w[2], tip}) // twice as large
         *v1 = GeoPoint2D(2.0 * v1->x(), 2.0 * v1->y());
     other.againObjects(false, nullptr);
     EXPECT_EQ(str(*inner), "1.000 10.000");
     EXPECT_EQ(str(*bend), "7.000 10.000");
     EXPECT_NEAR(bent->legLength(0), bent->legLength(1), 1e-9);
+}
+
+TEST_F(DartedRectangle, dependentsOfADartTakeTheMeanDisplacementOfItsLegs)
+{
+    CDbGroupObject other;
+    GabaritObject *outline = other.newGabarit();
+    std::vector<CDbPointVOR *> w;
+    for (const GeoPoint2D &place :
+         {GeoPoint2D(0, 0), GeoPoint2D(2, -0.5), GeoPoint2D(4, 0), GeoPoint2D(2, 20)})
+        w.push_back(outline->addContourVector(place));
+    CDbPointVOR *tip = other.addOwnVector(GeoPoint2D(2, 10));
+    CDbPointVOR *inner = other.addOwnVector(GeoPoint2D(0.5, 5));
+    ASSERT_NE(other.addDart(outline, w[0], w[1], w[2], tip, {inner}, {}), nullptr);
+    w[0]->mDisplacementX = 2.0F;
+    w[2]->mDisplacementX = 4.0F;
+    w[2]->mDisplacementY = -1.0F;
+
+    outline->pICCtlGabStandardizeEvolutions();
+
+    for (const CDbPointVOR *dependent : {w[1], tip, inner}) {
+        EXPECT_EQ(dependent->mDisplacementX, 3.0F);
+        EXPECT_EQ(dependent->mDisplacementY, -0.5F);
+    }
+    EXPECT_EQ(w[0]->mDisplacementX, 2.0F);
+    EXPECT_EQ(w[3]->mDisplacementX, 0.0F);
+    EXPECT_EQ(str(*inner), "0.500 5.000"); // nothing moves
+}
+
+TEST_F(DartedRectangle, aLegKeepsTheShapeThatItHasInEachSize)
+{
+    CDbGroupObject other;
+    GabaritObject *outline = other.newGabarit();
+    std::vector<CDbPointVOR *> w;
+    for (const GeoPoint2D &place :
+         {GeoPoint2D(0, 0), GeoPoint2D(2, -0.5), GeoPoint2D(4, 0), GeoPoint2D(2, 20)})
+        w.push_back(outline->addContourVector(place));
+    CDbPointVOR *tip = other.addOwnVector(GeoPoint2D(2, 10));
+    const RegularSteps outwards{{0.25, 0.0}, {-0.25, 0.0}};
+    CDbPointVOR *inner = other.addOwnVector(GeoPoint2D(0.5, 5), Vector_Corner, &outwards);
+    DartContour *bent = other.addDart(outline, w[0], w[1], w[2], tip, {inner}, {});
+    ASSERT_NE(bent, nullptr);
+    ASSERT_FALSE(bent->mLegsMadeEqual);
+    const GradationData sizes(3, 2);
+
+    for (CDbPointVOR *end : {w[0], tip}) // twice as large in every size
+        *end = GeoPoint2D(2.0 * end->x(), 2.0 * end->y());
+    other.againObjects(true, &sizes);
+
+    EXPECT_EQ(str(inner->positionInSize(1, &sizes)), "1.500 10.000");
+    EXPECT_EQ(str(inner->positionInSize(2, &sizes)), "1.000 10.000");
+    EXPECT_EQ(str(inner->positionInSize(3, &sizes)), "0.500 10.000");
 }
 
 TEST_F(DartedRectangle, aMouthThatIsNoneIsRefusedAndLeavesNoLineBehind)
@@ -280,6 +352,11 @@ TEST(Curves, pointsCountFromOneAndHandlesLieOnTheFirstThird)
     *piece.at(6) = GeoPoint2D(24.0, 23.0);
     piece.gabarit->recalculateCurves(piece.at(6), piece.at(6));
     EXPECT_EQ(str(*armhole->firstHandle()), "24.000 21.000");
+    piece.at(5)->mDisplacementX = 3.0F;
+    piece.at(6)->mDisplacementX = 6.0F;
+    piece.group->grStandardizeEvolutions();
+    EXPECT_EQ(armhole->firstHandle()->mDisplacementX, 4.0F);
+    EXPECT_EQ(armhole->lastHandle()->mDisplacementX, 0.0F);
     const LineObject *line = piece.group->lines().front();
     EXPECT_EQ(line->otherVectorLine(piece.at(5)), piece.at(9));
     EXPECT_EQ(line->otherVectorLine(piece.at(6)), nullptr);
