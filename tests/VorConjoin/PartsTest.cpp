@@ -258,6 +258,8 @@ TEST_F(DartedRectangle, aLegThatMeetsAVectorTwiceOrSharesALineIsNone)
     EXPECT_TRUE(refused({group->addCurve({tip, inner, tip}), line(tip, w[0])}, {right}));
     EXPECT_TRUE(refused({shared, line(inner, w[0])}, {shared, line(inner, w[2])}));
     EXPECT_TRUE(refused({dart->leg(0).front(), line(v[1], w[0])}, {right}));
+    LineObject strange(tip, w[0]);
+    EXPECT_TRUE(refused({&strange}, {right})) << "no line of the group";
     EXPECT_EQ(second->mFirstDart, nullptr);
     EXPECT_FALSE(refused({shared, line(inner, w[0])}, {right}));
     EXPECT_TRUE(refused({line(tip, w[0])}, {right})) << "a line of this dart already";

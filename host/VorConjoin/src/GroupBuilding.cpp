@@ -188,9 +188,11 @@ DartContour *CDbGroupObject::addDart(GabaritObject *gabarit, CDbPointVOR *firstL
         !isLeg(firstLines, pivot, firstLeg) || !isLeg(secondLines, pivot, secondLeg))
         return nullptr;
     // A line of two legs would not tell which of them it is asked about.
-    const auto isOfADart = [&](const LineObject *line) { return pICIsLine(line, nullptr); };
-    if (std::any_of(firstLines.begin(), firstLines.end(), isOfADart) ||
-        std::any_of(secondLines.begin(), secondLines.end(), isOfADart) ||
+    const auto isFree = [&](const LineObject *line) {
+        return std::find(mLines.begin(), mLines.end(), line) != mLines.end() && !pICIsLine(line, nullptr);
+    };
+    if (!std::all_of(firstLines.begin(), firstLines.end(), isFree) ||
+        !std::all_of(secondLines.begin(), secondLines.end(), isFree) ||
         std::find_first_of(firstLines.begin(), firstLines.end(), secondLines.begin(), secondLines.end()) !=
             firstLines.end())
         return nullptr;

@@ -72,20 +72,22 @@ public:
                          CDbPointVOR *lastHandle);
 
     /// A dart of a gabarit: mouth in contour order, straight legs from the pivot, an own vector, through the
-    /// given inner leg points. Its legs are kept equal when they are equal now within 1e-6 cm. Null when the
-    /// mouth does not lie on the contour in this order, or a vector is missing or strange to the group.
+    /// given inner leg points. Its legs are kept equal when they are equal in every size within 1e-6 cm. Null
+    /// when the mouth does not lie on the contour in this order, or a vector is missing or strange to the
+    /// group.
     DartContour *addDart(GabaritObject *gabarit, CDbPointVOR *firstLeg, CDbPointVOR *cap,
                          CDbPointVOR *secondLeg, CDbPointVOR *pivot,
                          const std::vector<CDbPointVOR *> &firstInner = {},
                          const std::vector<CDbPointVOR *> &secondInner = {});
-    /// The same with legs made of lines of this group, straight or curved, each from pivot to contour.
+    /// The same with legs made of lines of this group, straight or curved, each from pivot to contour. Null
+    /// also for a leg that meets a vector twice and for a line that belongs to two legs.
     DartContour *addDart(GabaritObject *gabarit, CDbPointVOR *firstLeg, CDbPointVOR *cap,
                          CDbPointVOR *secondLeg, CDbPointVOR *pivot,
                          const std::vector<LineObject *> &firstLines,
                          const std::vector<LineObject *> &secondLines);
 
-    /// A new pleat vector on the edge from a to its next neighbour, at parameter u between 0 and 1; null
-    /// otherwise.
+    /// A new pleat vector on the straight edge from a to its next neighbour, at parameter u between 0 and 1;
+    /// null otherwise.
     CDbPointVOR *addPleatVector(CDbPointVOR *a, double u);
 
     /// Gives the group a mirror, or a new one in place of the old. Null when a and b are at one place.

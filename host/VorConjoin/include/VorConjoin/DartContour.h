@@ -63,8 +63,8 @@ public:
     void recordLegShapes();
     /// Takes over the recorded shapes of the dart this one is a copy of.
     void takeLegShapesOf(const DartContour &source);
-    /// True when pivot and mouth make legs of equal length, within 1e-6 cm, now and as the vectors are
-    /// graded.
+    /// True when the legs are equally long within 1e-6 cm, along their lines and straight across, now and as
+    /// the vectors are graded.
     bool legsAreEqualInEverySize() const;
 
     /// What a rebuild restores, in the size the vectors stand in. Pivot: equal legs; nothing unless they were

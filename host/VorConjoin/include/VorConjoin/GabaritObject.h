@@ -58,7 +58,7 @@ public:
     /// Writes the working displacements that would give the stretch from a to b this length; moves nothing.
     virtual void setStretchLength(CDbPointVOR *a, CDbPointVOR *b, double length, bool forward,
                                   bool mainStretch);
-    /// Recomputes the handles of the curves that have an edge on the stretch from from to to, in contour
+    /// Recomputes the handles of the curves that have a point on the stretch from from to to, in contour
     /// order.
     virtual void recalculateCurves(CDbPointVOR *from, CDbPointVOR *to);
 

@@ -39,7 +39,7 @@ public:
     MirrorTag getGeometricTag(const CDbPointVOR &vector) const;
 
     /// Records two images of each other; the same vector twice for one on the axis. False for null, for a
-    /// vector without identity and for one that is already recorded.
+    /// vector that is not of the mirror's piece and for one that is already recorded.
     bool addPair(CDbPointVOR *side1, CDbPointVOR *side2);
     /// All pairs; forgetting one changes their order.
     const std::vector<Pair> &pairs() const { return mPairs; }
