@@ -13,12 +13,6 @@ using namespace VorSystem;
 namespace
 {
 
-[[noreturn]] void refuseTaken(const QString &kind, const QString &name)
-{
-    throw Refusal(
-        QStringLiteral("There is a %1 '%2' already, or one that counts as the same name.").arg(kind, name));
-}
-
 template<class Choices>
 auto choiceOf(const QString &text, const Choices &choices, const QString &what)
 {
@@ -35,6 +29,8 @@ auto choiceOf(const QString &text, const Choices &choices, const QString &what)
 
 FrameCenter::eCharacteristicType sidesOf(const QString &text)
 {
+    if (text.isEmpty())
+        return FrameCenter::Characteristic_OneSideDoubled;
     const std::pair<const char *, FrameCenter::eCharacteristicType> kChoices[] = {
         {"one", FrameCenter::Characteristic_OneSideDoubled},
         {"two", FrameCenter::Characteristic_TwoSides},
@@ -56,12 +52,69 @@ FrameSegment::eDisplaceType displacementOf(const QString &text)
 
 FrameLink::eMeasureType shareOf(const QString &text)
 {
+    if (text.isEmpty())
+        return FrameLink::Measure_Proportional;
     const std::pair<const char *, FrameLink::eMeasureType> kChoices[] = {
         {"proportional", FrameLink::Measure_Proportional},
         {"equal", FrameLink::Measure_Equal},
         {"fixed", FrameLink::Measure_Fixed},
     };
     return choiceOf(text, kChoices, QStringLiteral("--share"));
+}
+
+double percentOf(const QString &text, const QString &option)
+{
+    const double percent = numberOf(text, option);
+    if (percent < 0.0 || percent > 100.0)
+        throw Refusal(QStringLiteral("%1 is out of range for %2: 0 to 100.").arg(text, option));
+    return percent;
+}
+
+// Every option belongs to some kinds; one that would be read over is refused.
+void requireOptionsOf(const AddOptions &options)
+{
+    const struct {
+        const char *option;
+        bool isGiven;
+        const char *kinds;
+    } kOptions[] = {
+        {"--piece", !options.piece.isEmpty(), "center segment point"},
+        {"--from", !options.from.isEmpty(), "center frame segment"},
+        {"--to", !options.to.isEmpty(), "center frame segment"},
+        {"--sides", !options.sides.isEmpty(), "center"},
+        {"--along", !options.displace.isEmpty(), "segment"},
+        {"--influence", !options.influence.isEmpty(), "segment"},
+        {"--perimeter", options.isPerimeter, "frame"},
+        {"--percentage", !options.percentage.isEmpty(), "frame"},
+        {"--frames", !options.frames.isEmpty(), "link"},
+        {"--share", !options.share.isEmpty(), "link"},
+        {"--ratios", !options.ratios.isEmpty(), "link"},
+        {"--formula", !options.formula.isEmpty(), "spec"},
+        {"--measures", !options.measures.isEmpty(), "chart"},
+        {"--csv", !options.csv.isEmpty(), "chart"},
+    };
+    for (const auto &known : kOptions) {
+        const QStringList kinds = QString::fromLatin1(known.kinds).split(QLatin1Char(' '));
+        if (known.isGiven && !kinds.contains(options.kind)) {
+            throw Refusal(
+                QStringLiteral("A %1 takes no %2: that is for a %3.")
+                    .arg(options.kind, QLatin1String(known.option), kinds.join(QStringLiteral(" or "))),
+                Exit_Usage);
+        }
+    }
+}
+
+void requireKind(const QString &kind)
+{
+    const QStringList kinds{QStringLiteral("center"), QStringLiteral("frame"), QStringLiteral("segment"),
+                            QStringLiteral("link"),   QStringLiteral("spec"),  QStringLiteral("chart"),
+                            QStringLiteral("set"),    QStringLiteral("point")};
+    if (!kinds.contains(kind)) {
+        throw Refusal(QStringLiteral("'%1' cannot be added: choose center, frame, segment, link, spec, "
+                                     "chart, set or point.")
+                          .arg(kind),
+                      Exit_Usage);
+    }
 }
 
 ControlSkeleton *skeletonOf(PatternDocument &document, CDbGroupObject *piece)
@@ -97,8 +150,7 @@ void addSet(PatternDocument &document, const AddOptions &options)
     GestFrames *manager = document.framesManager();
     if (manager->getFrameSetAccordingName(options.name))
         refuseTaken(options.kind, options.name);
-    if (options.name.contains(QLatin1Char('/')))
-        throw Refusal(QStringLiteral("The name of a set must not hold '/'."));
+    requireName(options.name, true);
     manager->addFrameSet(new FrameSet(options.name, manager), -1);
 }
 
@@ -115,6 +167,13 @@ void addCenter(PatternDocument &document, const NameInSet &place, const AddOptio
         refuseTaken(options.kind, place.name);
     center->setCharacteristic(sidesOf(options.sides));
     new ControlCenter(ends.from, ends.to, skeleton, center);
+}
+
+// "Waist" of "Front:Waist"; the whole text where no center is named.
+QString ownNameOf(const QString &name)
+{
+    const int colon = name.indexOf(QLatin1Char(':'));
+    return name.mid(colon + 1).trimmed();
 }
 
 void addFrame(const NameInSet &place, const AddOptions &options)
@@ -151,13 +210,13 @@ void addFrame(const NameInSet &place, const AddOptions &options)
     if (!skeleton->isValidForNewFrame(from, to))
         throw Refusal(QStringLiteral("The frame '%1' would meet another frame of '%2'.")
                           .arg(place.name, center->name()));
-    FrameFrame *frame = place.set->newFrame(place.name.mid(colon + 1).trimmed(), center);
+    FrameFrame *frame = place.set->newFrame(ownNameOf(place.name), center);
     if (!frame)
         refuseTaken(options.kind, place.name);
     frame->getPerimeterMeasurement() = options.isPerimeter;
     if (!options.percentage.isEmpty()) {
         frame->setMeasureType(FrameFrame::Measure_ByPercentage);
-        frame->setPercentageMeasureRating(numberOf(options.percentage, QStringLiteral("--percentage")));
+        frame->setPercentageMeasureRating(percentOf(options.percentage, QStringLiteral("--percentage")));
     }
     auto *body = new ControlFrame(from, to, skeleton, frame);
     if (to)
@@ -178,7 +237,21 @@ void addSegment(PatternDocument &document, const NameInSet &place, const AddOpti
     segment->getDisplace() =
         options.displace.isEmpty() ? body->defectMovesAlong() : displacementOf(options.displace);
     if (!options.influence.isEmpty())
-        segment->getInfluenceAreaPercent() = numberOf(options.influence, QStringLiteral("--influence"));
+        segment->getInfluenceAreaPercent() = percentOf(options.influence, QStringLiteral("--influence"));
+}
+
+std::vector<double> ratiosOf(const QStringList &texts)
+{
+    std::vector<double> ratios;
+    for (const QString &text : texts) {
+        ratios.push_back(numberOf(text, QStringLiteral("--ratios")));
+        if (ratios.back() < 0.0)
+            throw Refusal(QStringLiteral("%1 is out of range for --ratios: 0 or more.").arg(text.trimmed()));
+    }
+    if (!ratios.empty() &&
+        std::all_of(ratios.begin(), ratios.end(), [](double ratio) { return ratio == 0.0; }))
+        throw Refusal(QStringLiteral("One of the --ratios must be more than 0."));
+    return ratios;
 }
 
 void addLink(const PatternDocument &document, const NameInSet &place, const AddOptions &options)
@@ -187,8 +260,12 @@ void addLink(const PatternDocument &document, const NameInSet &place, const AddO
     const QStringList ratios = options.ratios.split(QLatin1Char(';'), Qt::SkipEmptyParts);
     if (names.isEmpty())
         throw Refusal(QStringLiteral("A link needs --frames \"Front:Waist;Back:Waist\"."), Exit_Usage);
+    const FrameLink::eMeasureType sharing = shareOf(options.share);
+    if (!ratios.isEmpty() && sharing != FrameLink::Measure_Fixed)
+        throw Refusal(QStringLiteral("--ratios go with --share fixed."), Exit_Usage);
     if (!ratios.isEmpty() && ratios.size() != names.size())
         throw Refusal(QStringLiteral("%1 ratios for %2 frames.").arg(ratios.size()).arg(names.size()));
+    const std::vector<double> parts = ratiosOf(ratios);
     std::vector<FrameFrame *> frames;
     for (const QString &name : names) {
         const Element element = findElement(document, name.trimmed(), QStringLiteral("frame"));
@@ -205,10 +282,10 @@ void addLink(const PatternDocument &document, const NameInSet &place, const AddO
     FrameLink *link = place.set->newLink(place.name);
     if (!link)
         refuseTaken(options.kind, place.name);
-    link->setMeasureType(shareOf(options.share));
+    link->setMeasureType(sharing);
     for (std::size_t i = 0; i < frames.size(); ++i) {
-        if (!ratios.isEmpty())
-            frames[i]->setRatio(numberOf(ratios.at(int(i)), QStringLiteral("--ratios")));
+        if (i < parts.size())
+            frames[i]->setRatio(parts[i]);
         link->linkFrame(frames[i]);
     }
 }
@@ -221,54 +298,6 @@ void addSpec(const NameInSet &place, const AddOptions &options)
     if (!spec)
         refuseTaken(options.kind, place.name);
     spec->setFormulaSpec(readFormula(options.formula, place.set, spec, false).release());
-}
-
-void addOneChart(FrameSet *set, const QString &name, const QListEx<double> &values, const AddOptions &options)
-{
-    if (set->findFrameMeasurementChartAccordingName(name))
-        refuseTaken(options.kind, name);
-    FrameMeasurementChart *chart = set->newMeasurementChart(name);
-    if (!chart)
-        throw Refusal(QStringLiteral("A spec bears the name '%1' already.").arg(name));
-    set->adjustMeasuresLevels(); // the list gets its place of the nest
-    chart->applyValues(&values, nullptr, nullptr);
-}
-
-// A table with the sizes as headings and a measure per row.
-void addCharts(const PatternDocument &document, FrameSet *set, const AddOptions &options)
-{
-    QStringList lines = QString::fromUtf8(readText(options.csv)).split(QLatin1Char('\n'));
-    for (QString &line : lines)
-        line = line.trimmed();
-    lines.removeAll(QString());
-    const QString head = lines.value(0);
-    const QChar separator = head.contains(QLatin1Char(';'))    ? QLatin1Char(';')
-                            : head.contains(QLatin1Char('\t')) ? QLatin1Char('\t')
-                                                               : QLatin1Char(',');
-    const auto cellsOf = [&](const QString &line) {
-        QStringList cells;
-        for (const QString &cell : line.split(separator))
-            cells << cell.trimmed().remove(QLatin1Char('"'));
-        return cells;
-    };
-    const QStringList headings = cellsOf(head);
-    for (int row = 1; row < lines.size(); ++row) {
-        const QStringList cells = cellsOf(lines.at(row));
-        QListEx<double> values;
-        for (const QString &size : document.sizeNames()) {
-            const int column = headings.indexOf(size);
-            if (column < 1)
-                throw Refusal(QStringLiteral("'%1' has no column for size %2.").arg(options.csv, size));
-            values.append(lengthOf(cells.value(column), options.style,
-                                   QStringLiteral("%1 in size %2 (%3, line %4)")
-                                       .arg(cells.first(), size, options.csv, QString::number(row + 1))));
-        }
-        addOneChart(set, cells.first(), values, options);
-    }
-    if (lines.size() < 2)
-        throw Refusal(QStringLiteral("'%1' holds no measures: a heading of sizes and a row per measure are "
-                                     "expected.")
-                          .arg(options.csv));
 }
 
 // The edge of a contour on which a place lies, by its first vector; null for none.
@@ -345,20 +374,21 @@ void addPoint(const PatternDocument &document, const AddOptions &options)
 int add(const AddOptions &options)
 {
     requireTarget(options);
+    requireKind(options.kind);
+    requireOptionsOf(options);
     const DocumentPtr document = openDocument(options.document);
-    if (options.name.trimmed().isEmpty())
-        throw Refusal(QStringLiteral("A %1 needs a name.").arg(options.kind));
     FrameSet *set = nullptr;
     if (options.kind == QLatin1String("set")) {
         addSet(*document, options);
     } else if (options.kind == QLatin1String("point")) {
         addPoint(*document, options);
-    } else if (options.kind == QLatin1String("chart") && !options.csv.isEmpty()) {
-        set = findSet(*document, options.name);
-        addCharts(*document, set, options);
+    } else if (options.kind == QLatin1String("chart")) {
+        set = addCharts(*document, options);
     } else {
-        const NameInSet place = splitPath(*document, options.name);
+        NameInSet place = splitPath(*document, options.name);
         set = place.set;
+        // The center of a frame is there already.
+        requireName(options.kind == QLatin1String("frame") ? ownNameOf(place.name) : place.name, false);
         if (options.kind == QLatin1String("center"))
             addCenter(*document, place, options);
         else if (options.kind == QLatin1String("frame"))
@@ -367,18 +397,8 @@ int add(const AddOptions &options)
             addSegment(*document, place, options);
         else if (options.kind == QLatin1String("link"))
             addLink(*document, place, options);
-        else if (options.kind == QLatin1String("spec"))
-            addSpec(place, options);
-        else if (options.kind == QLatin1String("chart"))
-            addOneChart(set, place.name,
-                        lengthsOf(options.measures, options.style, sizeCount(*document),
-                                  QStringLiteral("'%1'").arg(place.name)),
-                        options);
         else
-            throw Refusal(QStringLiteral("'%1' cannot be added: choose center, frame, segment, link, spec, "
-                                         "chart, set or point.")
-                              .arg(options.kind),
-                          Exit_Usage);
+            addSpec(place, options);
     }
     if (set) {
         // What is new reads its values; no piece moves.

@@ -1,6 +1,6 @@
 // A new value for an element, and the pieces obey.
 #include "Commands.h"
-#include "Road.h"
+#include "Moves.h"
 
 namespace room
 {
@@ -115,40 +115,64 @@ Wish wishOf(const Element &target, const PatternDocument &document, const Change
     return wish;
 }
 
-void addRows(Table &table, const QString &what, const QListEx<double> &wanted, const QListEx<double> &read,
-             const Outcome &outcome, const LengthStyle &style)
+// Wanted, read back and difference per size.
+QString report(const Outcome &outcome, const Wish &wish, const PatternDocument &document,
+               const LengthStyle &style)
 {
-    if (wanted.isEmpty())
-        return;
-    const QListEx<double> differences = minus(read, wanted);
-    QStringList wantedCells{what, QStringLiteral("wanted")};
-    QStringList readCells{what, QStringLiteral("read back")};
-    QStringList differenceCells{what, QStringLiteral("difference")};
-    for (int size = 0; size < wanted.size(); ++size) {
-        const bool isWanted = !outcome.isNestAlone || size == outcome.nest;
-        wantedCells << (isWanted ? style.show(wanted.at(size)) : QStringLiteral("-"));
-        readCells << style.show(read.at(size));
-        differenceCells << (isWanted ? style.showDifference(differences.at(size)) : QStringLiteral("-"));
+    Table table(QStringList{outcome.measure.path, style.sign()} + sizeHeadings(document));
+    const bool isAll = !outcome.isObeyed() && !outcome.isRefused;
+    if (wish.measure || wish.measures || isAll)
+        addRows(table, QStringLiteral("measure"), outcome.measure, style);
+    if (wish.level || wish.levels || (isAll && !outcome.level.wanted.isEmpty()))
+        addRows(table, QStringLiteral("level"), outcome.level, style);
+    return table.print(Table_Text);
+}
+
+// What is said of a change that failed; the document is the one before it.
+Refusal disobeyed(const Outcome &outcome, const PatternDocument &document, const Wish &wish,
+                  const ChangeOptions &options)
+{
+    const LengthStyle &style = options.style;
+    QString findings = report(outcome, wish, document, style);
+    findings += describe(outcome.shares, QStringLiteral("follows the link"), document, style);
+    findings += describe(outcome.driven, QStringLiteral("follows a formula"), document, style);
+    if (options.isForecast)
+        findings += describe(outcome.difference, document, style);
+    else
+        findings += describe(outcome.difference.lostFormulas);
+    findings += explain(document, wish, outcome, style);
+
+    const QString sentence =
+        QStringLiteral("'%1' would not obey: the document stays as it was.").arg(outcome.measure.path);
+    return Refusal(withMessages(sentence, outcome.messages), Exit_NotObeyed, findings);
+}
+
+QString resultInWords(const Outcome &outcome, const Element &target)
+{
+    if (target.element->isDefinedInDocument() && target.place.kind != Element_MeasurementChart)
+        return QStringLiteral("Result %1: %2.\n").arg(QString::number(Msg_Converged), inWords(Msg_Converged));
+    return outcome.measure.onlySize
+               ? QStringLiteral("Stored: no piece hangs on it directly, so the other sizes stay.\n")
+               : QStringLiteral("Stored: no piece hangs on it directly.\n");
+}
+
+// What follows from the rules of the library and may surprise.
+void tellRules(const Element &target, const Wish &wish, const ChangeOptions &options)
+{
+    Console &console = *options.console;
+    const auto *frame = dynamic_cast<const FrameFrame *>(target.element);
+    if (frame && frame->getPerimeterMeasurement() && !options.measure.isEmpty() && !options.isShift) {
+        console.tell(QStringLiteral("'%1' is measured along the contour, so it was changed by a list of all "
+                                    "sizes: as a single value the difference would reach the nest twice.")
+                         .arg(target.path()));
     }
-    table.add(wantedCells);
-    table.add(readCells);
-    table.add(differenceCells);
+    if (wish.level && makesOrigin(*wish.level)) {
+        console.tell(QStringLiteral("At level 0 '%1' is the origin: levels are counted from it now.")
+                         .arg(target.path()));
+    }
 }
 
 } // namespace
-
-QString report(const Outcome &outcome, const Element &target, const PatternDocument &document,
-               const LengthStyle &style)
-{
-    Table table(QStringList{target.path(), style.sign()} + sizeHeadings(document));
-    const bool isMeasureGap = largestOf(minus(outcome.readMeasures, outcome.wantedMeasures)) > 0.0;
-    if (!outcome.isLevelWish || (isMeasureGap && !outcome.isObeyed()))
-        addRows(table, QStringLiteral("measure"), outcome.wantedMeasures, outcome.readMeasures, outcome,
-                style);
-    if (outcome.isLevelWish || !outcome.isObeyed())
-        addRows(table, QStringLiteral("level"), outcome.wantedLevels, outcome.readLevels, outcome, style);
-    return table.print(Table_Text);
-}
 
 int change(const ChangeOptions &options)
 {
@@ -162,30 +186,22 @@ int change(const ChangeOptions &options)
     const Outcome outcome = options.isForecast ? rehearse(*document, wish) : change(*document, wish);
     if (outcome.isDeclined)
         throw Refusal(QStringLiteral("Nothing was changed."), Exit_Declined);
-
-    options.console->print(report(outcome, target, *document, options.style));
-    if (!outcome.isObeyed()) {
-        for (const QString &message : outcome.messages)
-            options.console->print(message + QLatin1Char('\n'));
-        options.console->print(describe(outcome.driven, *document, options.style));
-        if (outcome.isRefused) {
-            options.console->print(QStringLiteral("Result: refused before anything moved.\n"));
-        } else {
-            options.console->print(explain(*document, wish, options.style));
-        }
-        options.console->print(QStringLiteral("The document stays as it was.\n"));
-        return Exit_NotObeyed;
-    }
-    const bool isTied =
-        target.element->isDefinedInDocument() && target.place.kind != Element_MeasurementChart;
-    options.console->print(isTied ? QStringLiteral("Result 1: %1.\n").arg(inWords(Msg_Converged))
-                                  : QStringLiteral("Stored: no piece hangs on it directly.\n"));
-    options.console->print(describe(outcome.driven, *document, options.style));
-    options.console->print(describe(outcome.difference, *document, options.style));
-    if (options.isForecast)
-        options.console->print(QStringLiteral("A forecast: nothing was changed.\n"));
-    else
+    if (!outcome.isObeyed())
+        throw disobeyed(outcome, *document, wish, options);
+    if (!options.isForecast)
         store(options, *document);
+
+    Console &console = *options.console;
+    console.print(report(outcome, wish, *document, options.style));
+    console.print(resultInWords(outcome, target));
+    console.print(describe(outcome.shares, QStringLiteral("follows the link"), *document, options.style));
+    console.print(resultOfAll(outcome.shares, *document));
+    console.print(describe(outcome.driven, QStringLiteral("follows a formula"), *document, options.style));
+    console.print(resultOfAll(outcome.driven, *document));
+    console.print(describe(outcome.difference, *document, options.style));
+    if (options.isForecast)
+        console.print(QStringLiteral("A forecast: nothing was changed.\n"));
+    tellRules(target, wish, options);
     return Exit_Done;
 }
 

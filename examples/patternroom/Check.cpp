@@ -230,8 +230,8 @@ private:
                      .arg(moved.path, moved.isLevel ? QStringLiteral("level") : QStringLiteral("measure"),
                           mStyle.show(largestOf(minus(moved.after, moved.before)))));
         }
-        for (const QString &lost : difference.lostFormulas)
-            find(QStringLiteral("formula that cannot be kept"), lost);
+        for (const LostFormula &lost : difference.lostFormulas)
+            find(QStringLiteral("formula that cannot be kept"), lost.shown());
     }
 
     PatternDocument &mDocument;

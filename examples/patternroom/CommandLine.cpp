@@ -95,13 +95,13 @@ int runAdd(Line &line)
     options.piece = line.text("piece");
     options.from = line.text("from");
     options.to = line.text("to");
-    options.sides = line.isSet("sides") ? line.text("sides") : QStringLiteral("one");
+    options.sides = line.text("sides");
     options.displace = line.text("along");
     options.influence = line.text("influence");
     options.isPerimeter = line.isSet("perimeter");
     options.percentage = line.text("percentage");
     options.frames = line.text("frames");
-    options.share = line.isSet("share") ? line.text("share") : QStringLiteral("proportional");
+    options.share = line.text("share");
     options.ratios = line.text("ratios");
     options.formula = line.text("formula");
     options.measures = line.text("measures");
@@ -424,6 +424,8 @@ int runCommand(const QStringList &words, Console &console)
     const QString name = words.value(0);
     if (name.isEmpty() || name == QLatin1String("--help") || name == QLatin1String("-h") ||
         name == QLatin1String("help")) {
+        if (words.size() > 1)
+            return runCommand({words.at(1), QStringLiteral("--help")}, console);
         console.print(overview());
         return name.isEmpty() ? Exit_Usage : Exit_Done;
     }
@@ -435,7 +437,10 @@ int runCommand(const QStringList &words, Console &console)
         }
         known << QLatin1String(command.name);
     }
-    throw Refusal(QStringLiteral("There is no command '%1'.%2").arg(name, nearest(name, known)), Exit_Usage);
+    const QString hint = nearest(name, known);
+    throw Refusal(QStringLiteral("There is no command '%1'.%2")
+                      .arg(name, hint.isEmpty() ? QStringLiteral(" 'patternroom --help' lists them.") : hint),
+                  Exit_Usage);
 }
 
 QStringList wordsOf(const QString &line)

@@ -64,6 +64,8 @@ struct AddOptions : Errand {
     bool isPerimeter = false;
 };
 int add(const AddOptions &options);
+/// The part of add() for charts; the set that got them.
+VorSystem::FrameSet *addCharts(const VorSystem::PatternDocument &document, const AddOptions &options);
 
 struct ElementOptions : Errand {
     QString element;

@@ -1,7 +1,7 @@
-// Why a change fails: the move is made once more on a copy, and values between the present and the wanted
-// ones are tried.
+// Why a change fails: its moves are made once more, each alone on a copy, and values between the present and
+// the wanted ones are tried.
 #include "Console.h"
-#include "Road.h"
+#include "Moves.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,41 +14,142 @@ using namespace VorSystem;
 namespace
 {
 
-constexpr int kTrials = 20;            // halvings of the way from present to wanted
+constexpr int kTrials = 20;            // at the most, on the way from present to wanted
+constexpr int kHalvings = 16;          // of them; the rest is for values that can be typed
+constexpr double kBack = 0.995;        // of the way, where a rounded value does not work
 constexpr double kWorthTelling = 1e-3; // part of the way; less is the tolerance of a move
 constexpr int kFirstPasses = 5;        // shown before the last one
 
-ValuesAccordingSizes listOf(const QListEx<double> &values, const PatternDocument &document)
+QString passesInWords(const QListEx<double> &gaps, const LengthStyle &style)
 {
-    ValuesAccordingSizes list;
-    list.mValues = values;
-    list.mNestIndex = static_cast<short>(nestIndex(document));
-    return list;
+    QString text;
+    for (int pass = 0; pass < gaps.size(); ++pass) {
+        const bool isShown = pass < kFirstPasses || pass + 1 == gaps.size();
+        if (isShown)
+            text += QStringLiteral("  pass %1: %2 left\n")
+                        .arg(QString::number(pass + 1), style.show(gaps.at(pass)));
+        else if (pass == kFirstPasses)
+            text += QStringLiteral("  ...\n");
+    }
+    return text;
 }
 
-QListEx<double> between(const QListEx<double> &present, const QListEx<double> &wanted, double part)
+// The moves of a wish, each by itself, without what follows from it.
+QString movesInWords(const PatternDocument &document, const Wish &wish, const LengthStyle &style)
 {
-    QListEx<double> values;
-    for (int size = 0; size < std::min(present.size(), wanted.size()); ++size)
-        values.append(present.at(size) + part * (wanted.at(size) - present.at(size)));
-    return values;
+    QString text;
+    for (const Move &move : movesOf(document, wish)) {
+        const Moved moved = tryMove(document, move);
+        text += QStringLiteral("Result %1 for '%2': %3.\n")
+                    .arg(QString::number(moved.result), move.path, inWords(moved.result));
+        if (moved.result != Msg_Converged)
+            text += passesInWords(moved.gaps, style);
+    }
+    return text;
 }
 
-// The wish gone only a part of the way from where the element stands.
-Wish shortened(const Wish &wish, const QListEx<double> &measures, const QListEx<double> &levels, int nest,
-               double part)
+// What a formula drives, and could not follow it.
+struct Follower {
+    ElementPlace place;
+    bool isLevel;
+    std::unique_ptr<TreeEquations> formula;
+};
+
+// Takes the formula off its element.
+Follower detached(const Element &element, bool isLevel)
 {
-    Wish shorter = wish;
-    if (wish.measures)
-        shorter.measures = between(measures, *wish.measures, part);
-    if (wish.levels)
-        shorter.levels = between(levels, *wish.levels, part);
-    if (wish.measure)
-        shorter.measure = measures.value(nest) + part * (*wish.measure - measures.value(nest));
-    if (wish.level)
-        shorter.level = levels.value(nest) + part * (*wish.level - levels.value(nest));
-    return shorter;
+    const TreeEquations *formula =
+        isLevel ? element.element->formulaLevel() : element.element->measurementFormula();
+    Follower follower{element.place, isLevel, nullptr};
+    if (formula)
+        follower.formula = std::make_unique<TreeEquations>(*formula);
+    if (isLevel)
+        element.element->setFormulaLevel(nullptr);
+    else
+        element.element->setFormulaMeasurement(nullptr);
+    return follower;
 }
+
+// Everything but the elements that did not follow takes the road; then each of these is moved by itself.
+QString followersInWords(const PatternDocument &document, const Wish &wish, const Outcome &failed,
+                         const LengthStyle &style)
+{
+    const DocumentPtr copy = copyOf(document);
+    const Rehearsal rehearsal(VorCoreApplication::instance().lengthUnit());
+    std::vector<Follower> followers;
+    for (const LostFormula &lost : failed.difference.lostFormulas)
+        followers.push_back(detached(elementAt(*copy, lost.place), lost.isLevel));
+    for (const Driven &driven : failed.driven) {
+        if (!driven.isObeyed())
+            followers.push_back(detached(elementAt(*copy, driven.place), driven.isLevel));
+    }
+    if (followers.empty())
+        return QString();
+
+    takeTheRoad(*copy, wish);
+    QString text;
+    for (const Follower &follower : followers) {
+        if (!follower.formula)
+            continue;
+        QListEx<double> wanted;
+        for (int size = 0; size < sizeCount(*copy); ++size)
+            wanted.append(follower.formula->evaluate(static_cast<short>(size)));
+        Wish own;
+        own.element = follower.place;
+        (follower.isLevel ? own.levels : own.measures) = wanted;
+        text += movesInWords(*copy, own, style);
+    }
+    return text;
+}
+
+// A wish on its way from where its element stands.
+class Way
+{
+public:
+    Way(const PatternDocument &document, const Wish &wish) : mWish(wish), mNest(nestIndex(document))
+    {
+        const Element target = elementAt(document, wish.element);
+        mMeasures = readMeasures(target, document);
+        mLevels = readLevels(target, document);
+    }
+
+    Wish at(double part) const
+    {
+        return changed(mWish,
+                       [part](double value, double present) { return present + part * (value - present); });
+    }
+
+    // As it can be typed: no value is farther from where the element stands.
+    Wish typed(double part, const LengthStyle &style) const
+    {
+        return changed(at(part),
+                       [&style](double value, double present) { return style.typed(value, present); });
+    }
+
+private:
+    template<class Change>
+    Wish changed(Wish wish, const Change &change) const
+    {
+        const auto changeAll = [&](QListEx<double> &values, const QListEx<double> &present) {
+            for (int size = 0; size < values.size(); ++size)
+                values[size] = change(values.at(size), present.value(size));
+        };
+        if (wish.measures)
+            changeAll(*wish.measures, mMeasures);
+        if (wish.levels)
+            changeAll(*wish.levels, mLevels);
+        if (wish.measure)
+            wish.measure = change(*wish.measure, mMeasures.value(mNest));
+        if (wish.level)
+            wish.level = change(*wish.level, mLevels.value(mNest));
+        return wish;
+    }
+
+    Wish mWish;
+    int mNest;
+    QListEx<double> mMeasures;
+    QListEx<double> mLevels;
+};
 
 QString shown(const Wish &wish, const LengthStyle &style)
 {
@@ -60,9 +161,9 @@ QString shown(const Wish &wish, const LengthStyle &style)
         return parts.join(QLatin1Char(';'));
     };
     if (wish.measure)
-        texts << QStringLiteral("--measure %1").arg(style.show(*wish.measure));
+        texts << QStringLiteral("--measure \"%1\"").arg(style.show(*wish.measure));
     if (wish.level)
-        texts << QStringLiteral("--level %1").arg(style.show(*wish.level));
+        texts << QStringLiteral("--level \"%1\"").arg(style.show(*wish.level));
     if (wish.measures)
         texts << QStringLiteral("--measures \"%1\"").arg(list(*wish.measures));
     if (wish.levels)
@@ -70,95 +171,36 @@ QString shown(const Wish &wish, const LengthStyle &style)
     return texts.join(QLatin1Char(' '));
 }
 
-// The move alone, without what follows from it. Nothing for an element without a body of its own.
-QString moveInWords(const PatternDocument &document, const Wish &wish, const LengthStyle &style)
+// By bisection; then a little back until the value, rounded as it is shown, works as well.
+QString whatWorks(const PatternDocument &document, const Wish &wish, const LengthStyle &style)
 {
-    const DocumentPtr copy = copyOf(document);
-    const Rehearsal rehearsal(VorCoreApplication::instance().lengthUnit());
-    const Element target = elementAt(*copy, wish.element);
-    ControlBase *body =
-        target.place.kind == Element_Link ? nullptr : target.element->objectControlCorresponding();
-    if (!body)
-        return QString();
-
-    QListEx<double> measures = readMeasures(target, *copy);
-    QListEx<double> levels = readLevels(target, *copy);
-    const QListEx<double> present = wish.measure || wish.measures ? measures : levels;
-    const bool isMeasure = wish.measure || wish.measures;
-    if (wish.measures)
-        measures = *wish.measures;
-    if (wish.levels)
-        levels = *wish.levels;
-    if (wish.measure)
-        measures[nestIndex(*copy)] = *wish.measure;
-    if (wish.level)
-        levels[nestIndex(*copy)] = *wish.level;
-
-    CDbGroupObject *piece = target.element->groupCorrespondent();
-    QStringList passes;
-    if (piece) {
-        const QListEx<double> goal = isMeasure ? measures : levels;
-        piece->mRebuilt = [&passes, &target, &copy, &style, goal, isMeasure] {
-            const QListEx<double> seen = isMeasure ? readMeasures(target, *copy) : readLevels(target, *copy);
-            passes << QStringLiteral("  pass %1: %2 left\n")
-                          .arg(QString::number(passes.size() + 1), style.show(largestOf(minus(goal, seen))));
-        };
+    const Way way(document, wish);
+    double works = 0.0;
+    double fails = 1.0;
+    for (int trial = 0; trial < kHalvings; ++trial) {
+        const double part = 0.5 * (works + fails);
+        (rehearse(document, way.at(part)).isObeyed() ? works : fails) = part;
     }
-    ValuesAccordingSizes wantedMeasures = listOf(measures, *copy);
-    ValuesAccordingSizes wantedLevels = listOf(levels, *copy);
-    const bool nestAlone = wish.measure || wish.level;
-    const eMsgConvergence result =
-        body->changeMeasureLevel(ControlBase::MeasureLevel_Both, &wantedMeasures, &wantedLevels,
-                                 copy->gradationData(), nestAlone ? ModifyLevel_Nest : ModifyLevel_AllSizes);
-    if (piece)
-        piece->mRebuilt = nullptr;
-    while (passes.size() > kFirstPasses + 2)
-        passes.removeAt(kFirstPasses);
-    if (passes.size() == kFirstPasses + 2)
-        passes[kFirstPasses] = QStringLiteral("  ...\n");
-    return QStringLiteral("Result %1: %2.\n%3")
-        .arg(QString::number(result), inWords(result), passes.join(QString()));
+    for (int trial = kHalvings; trial < kTrials && works > kWorthTelling; ++trial) {
+        const Wish typed = way.typed(works, style);
+        if (rehearse(document, typed).isObeyed())
+            return QStringLiteral("As far as this it works: %1\n").arg(shown(typed, style));
+        works *= kBack;
+    }
+    return QStringLiteral("Nothing on the way from the present values to these works.\n");
 }
 
 } // namespace
 
-QString inWords(eMsgConvergence result)
+QString explain(const PatternDocument &document, const Wish &wish, const Outcome &failed,
+                const LengthStyle &style)
 {
-    switch (result) {
-    case Msg_NothingDone: return QStringLiteral("nothing on a piece is tied to it, so nothing moved");
-    case Msg_Converged: return QStringLiteral("the piece obeyed");
-    case Msg_Moved: return QStringLiteral("it moved, but was not read back");
-    case Msg_NotConverged:
-        return QStringLiteral("it did not settle: the passes were used up before the piece read as wanted");
-    case Msg_MoveFailed: return QStringLiteral("the contour could not give what was asked of it");
-    case Msg_Diverged: return QStringLiteral("it moved away from what was wanted with every pass");
-    case Msg_Impossible: return QStringLiteral("a length would become less than nothing");
-    }
-    return QStringLiteral("an answer without words");
-}
-
-QString explain(const PatternDocument &document, const Wish &wish, const LengthStyle &style)
-{
-    const Element target = elementAt(document, wish.element);
-    const QListEx<double> measures = readMeasures(target, document);
-    const QListEx<double> levels = readLevels(target, document);
-    const int nest = nestIndex(document);
-    QString text = moveInWords(document, wish, style);
-
-    double works = 0.0;
-    double fails = 1.0;
-    for (int trial = 0; trial < kTrials; ++trial) {
-        const double part = 0.5 * (works + fails);
-        const Outcome outcome = rehearse(document, shortened(wish, measures, levels, nest, part));
-        (outcome.isObeyed() ? works : fails) = part;
-    }
-    if (works > kWorthTelling) {
-        text += QStringLiteral("As far as this it works: %1\n")
-                    .arg(shown(shortened(wish, measures, levels, nest, works), style));
-    } else {
-        text += QStringLiteral("Nothing on the way from the present values to these works.\n");
-    }
-    return text;
+    QString text;
+    if (failed.isRefused)
+        text = QStringLiteral("Result: refused before anything moved.\n");
+    else
+        text = movesInWords(document, wish, style) + followersInWords(document, wish, failed, style);
+    return text + whatWorks(document, wish, style);
 }
 
 } // namespace room

@@ -16,6 +16,8 @@ namespace
 
 constexpr double kClick = 1.0; // cm: how far from a point a click may be
 constexpr int kSuggestions = 3;
+constexpr int kListed = 6;    // names at the most that are told when none is near
+constexpr int kLongest = 200; // letters; no name is so long, and comparing takes its time
 
 QString folded(const QString &name)
 {
@@ -46,12 +48,19 @@ int distanceOf(const QString &a, const QString &b)
     return row.back();
 }
 
-QString quotedList(const QStringList &names)
+// The same, but any number beyond farthest when the names cannot be that near.
+int wayTo(const QString &wanted, const QString &name, int farthest)
+{
+    const bool isFar = std::abs(name.size() - wanted.size()) > farthest || wanted.size() > kLongest;
+    return isFar ? farthest + 1 : distanceOf(wanted, name);
+}
+
+QString quotedList(const QStringList &names, const QString &last)
 {
     QString text;
     for (int i = 0; i < names.size(); ++i) {
         if (i > 0)
-            text += i + 1 == names.size() ? QStringLiteral(" or ") : QStringLiteral(", ");
+            text += i + 1 == names.size() ? last : QStringLiteral(", ");
         text += QLatin1Char('\'') + names.at(i) + QLatin1Char('\'');
     }
     return text;
@@ -95,10 +104,10 @@ QString nearest(const QString &name, const QStringList &known)
     const int farthest = std::max(2, wanted.size() / 3);
     std::vector<std::pair<int, QString>> close;
     for (const QString &candidate : known) {
-        // A name of another length cannot be meant by a slip of the finger; a long one takes long to compare.
-        if (std::abs(folded(candidate).size() - wanted.size()) > farthest || wanted.size() > 200)
-            continue;
-        const int distance = distanceOf(wanted, folded(candidate));
+        // A frame may be meant by its own name alone.
+        const int distance =
+            std::min(wayTo(wanted, folded(candidate), farthest),
+                     wayTo(wanted, folded(candidate.section(QLatin1Char(':'), -1)), farthest));
         if (distance <= farthest)
             close.emplace_back(distance, candidate);
     }
@@ -109,7 +118,14 @@ QString nearest(const QString &name, const QStringList &known)
         if (best.size() < kSuggestions && !best.contains(candidate.second))
             best << candidate.second;
     }
-    return best.isEmpty() ? QString() : QStringLiteral(" Do you mean %1?").arg(quotedList(best));
+    if (!best.isEmpty())
+        return QStringLiteral(" Do you mean %1?").arg(quotedList(best, QStringLiteral(" or ")));
+    if (known.isEmpty())
+        return QStringLiteral(" There is none.");
+    if (known.size() > kListed)
+        return QString();
+    return (known.size() == 1 ? QStringLiteral(" There is only %1.") : QStringLiteral(" There are %1."))
+        .arg(quotedList(known, QStringLiteral(" and ")));
 }
 
 Element findElement(const PatternDocument &document, const QString &name, const QString &kind)
@@ -131,13 +147,16 @@ Element findElement(const PatternDocument &document, const QString &name, const 
     if (found.empty()) {
         QStringList known;
         for (const Element &element : elements)
-            known << element.fullName() << element.path() << element.element->name();
-        throw Refusal(QStringLiteral("There is no element '%1'.%2").arg(name, nearest(name, known)));
+            known << element.fullName() << element.path();
+        known.removeDuplicates();
+        const QString hint = nearest(name, known);
+        throw Refusal(QStringLiteral("There is no element '%1'.%2")
+                          .arg(name, hint.isEmpty() ? QStringLiteral(" 'show DOC' lists them.") : hint));
     }
     QStringList candidates;
     for (const Element &element : found)
         candidates << QStringLiteral("%1 (%2)").arg(element.path(), kindName(element.place.kind));
-    throw Refusal(QStringLiteral("'%1' is ambiguous: %2. Write the set before it, or give its --kind.")
+    throw Refusal(QStringLiteral("'%1' is ambiguous: %2. Write one of these names, or give the --kind.")
                       .arg(name, candidates.join(QStringLiteral(", "))));
 }
 
@@ -161,6 +180,26 @@ CDbGroupObject *findPiece(const PatternDocument &document, const QString &name)
         known << piece->name();
     }
     throw Refusal(QStringLiteral("There is no piece '%1'.%2").arg(name, nearest(name, known)));
+}
+
+void refuseTaken(const QString &kind, const QString &name)
+{
+    throw Refusal(
+        QStringLiteral("There is a %1 '%2' already, or one that counts as the same name.").arg(kind, name));
+}
+
+void requireName(const QString &name, bool isSet)
+{
+    if (name.isEmpty())
+        throw Refusal(QStringLiteral("The name is empty."));
+    const QString forbidden = isSet ? QStringLiteral("/") : QStringLiteral(":/()*+-%");
+    for (const QChar letter : name) {
+        if (!forbidden.contains(letter))
+            continue;
+        throw Refusal((isSet ? QStringLiteral("The name '%1' holds '%2', which parts a set from an element.")
+                             : QStringLiteral("The name '%1' holds '%2', and no formula could name it."))
+                          .arg(name, QString(letter)));
+    }
 }
 
 NameInSet splitPath(const PatternDocument &document, const QString &path)

@@ -60,6 +60,13 @@ Element findElement(const VorSystem::PatternDocument &document, const QString &n
 VorSystem::FrameSet *findSet(const VorSystem::PatternDocument &document, const QString &name);
 VorSystem::CDbGroupObject *findPiece(const VorSystem::PatternDocument &document, const QString &name);
 
+/// Refuses a name that is taken.
+[[noreturn]] void refuseTaken(const QString &kind, const QString &name);
+
+/// Refuses a new name that could not be told from other text: an empty one, or one with signs of formulas or
+/// of paths.
+void requireName(const QString &name, bool isSet);
+
 /// The set and the bare name of "Set/Name"; the only set for "Name".
 struct NameInSet {
     VorSystem::FrameSet *set = nullptr;

@@ -114,6 +114,15 @@ QString LengthStyle::showDifference(double centimetres) const
     return isNothing || text.startsWith(QLatin1Char('-')) ? text : QLatin1Char('+') + text;
 }
 
+double LengthStyle::typed(double length, double present) const
+{
+    const double step = fractions ? 1.0 / kFinestPart : std::pow(10.0, -decimalsOf(unit));
+    const double steps = unit.fromCentimeter(length) / step;
+    constexpr double kSlack = 1e-6; // of a step: what arithmetic leaves
+    const double whole = length > present ? std::floor(steps + kSlack) : std::ceil(steps - kSlack);
+    return unit.toCentimeter(whole * step);
+}
+
 QString LengthStyle::sign() const
 {
     return QString(unit.symbol());

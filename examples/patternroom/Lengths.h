@@ -17,6 +17,8 @@ struct LengthStyle {
     QString show(double centimetres) const;
     /// The same with its sign, for differences; "0" of either sign has none.
     QString showDifference(double centimetres) const;
+    /// The value that show() can tell exactly and that lies nearest to length on the side of present.
+    double typed(double length, double present) const;
     /// The sign of the unit: cm, mm, in.
     QString sign() const;
 };

@@ -17,10 +17,9 @@ public:
 
     void describe(const QString &arguments, const QString &what, const QString &example)
     {
-        mParser.setApplicationDescription(
-            QStringLiteral("%1\n\nExample:\n  patternroom %2").arg(what, example));
-        mParser.addPositionalArgument(mWords.first(), QString(),
-                                      mWords.first() + QLatin1Char(' ') + arguments);
+        mArguments = arguments;
+        mWhat = what;
+        mExample = example;
     }
     void value(const char *name, const char *of, const char *what)
     {
@@ -30,6 +29,7 @@ public:
     }
     void flag(const char *name, const char *what)
     {
+        mFlags << QStringLiteral("--") + QString::fromLatin1(name);
         mParser.addOption({QString::fromLatin1(name), QString::fromLatin1(what)});
     }
     void target()
@@ -82,14 +82,20 @@ public:
     }
 
 private:
-    // A place such as -3,4 behind an argument is no option.
-    static QStringList placesLast(const QStringList &words);
+    QString help() const;
+
+    // A place such as -3,4 or a formula such as -Measure(Waist) behind an argument is no option.
+    QStringList placesLast(const QStringList &words) const;
 
     // Unit, locale and answers hold for the whole program while the command runs.
     void settle();
 
     QStringList mWords;
     Console &mConsole;
+    QString mArguments;
+    QString mWhat;
+    QString mExample;
+    QStringList mFlags{QStringLiteral("-h"), QStringLiteral("--help")};
     QCommandLineParser mParser;
     LengthStyle mStyle;
 };

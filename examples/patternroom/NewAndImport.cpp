@@ -8,6 +8,31 @@ namespace room
 
 using namespace VorSystem;
 
+namespace
+{
+
+void setSizes(PatternDocument &document, const NewOptions &options)
+{
+    if (options.sizes.isEmpty()) {
+        if (!options.nest.isEmpty())
+            throw Refusal(QStringLiteral("--nest goes with --sizes."), Exit_Usage);
+        return;
+    }
+    QStringList sizes;
+    for (const QString &size : options.sizes.split(QLatin1Char(';')))
+        sizes << size.trimmed();
+    const QString wanted = options.nest.trimmed();
+    const int nest = wanted.isEmpty() ? (sizes.size() - 1) / 2 : sizes.indexOf(wanted);
+    if (nest < 0) {
+        throw Refusal(QStringLiteral("The nest '%1' is none of the sizes %2.%3")
+                          .arg(wanted, sizes.join(QLatin1Char(';')), nearest(wanted, sizes)));
+    }
+    if (sizes.contains(QString()) || !document.setSizes(sizes, static_cast<short>(nest + 1)))
+        throw Refusal(QStringLiteral("'%1' are no sizes: each needs a name of its own.").arg(options.sizes));
+}
+
+} // namespace
+
 int newDocument(const NewOptions &options)
 {
     if (QFileInfo::exists(options.document) && !options.isForced) {
@@ -16,24 +41,12 @@ int newDocument(const NewOptions &options)
     }
     PatternDocument document;
     document.setName(options.name.isEmpty() ? QFileInfo(options.document).baseName() : options.name);
-    QStringList sizes;
-    for (const QString &size : options.sizes.split(QLatin1Char(';'), Qt::SkipEmptyParts))
-        sizes << size.trimmed();
-    if (!sizes.isEmpty()) {
-        const int nest = options.nest.isEmpty() ? (sizes.size() - 1) / 2 : sizes.indexOf(options.nest);
-        if (nest < 0) {
-            throw Refusal(QStringLiteral("The nest '%1' is none of the sizes %2.%3")
-                              .arg(options.nest, sizes.join(QLatin1Char(';')), nearest(options.nest, sizes)));
-        }
-        if (!document.setSizes(sizes, static_cast<short>(nest + 1)))
-            throw Refusal(
-                QStringLiteral("'%1' are no sizes: each needs a name of its own.").arg(options.sizes));
-    }
+    setSizes(document, options);
     storeDocument(document, options.document);
-    options.console->print(QStringLiteral("New document '%1' with sizes %2\n")
-                               .arg(document.name(), sizes.isEmpty()
-                                                         ? QStringLiteral("of none")
-                                                         : sizeHeadings(document).join(QLatin1Char(' '))));
+    options.console->print(document.sizeNames().isEmpty()
+                               ? QStringLiteral("New document '%1' without sizes\n").arg(document.name())
+                               : QStringLiteral("New document '%1' with sizes %2\n")
+                                     .arg(document.name(), sizeHeadings(document).join(QLatin1Char(' '))));
     return Exit_Done;
 }
 

@@ -22,17 +22,20 @@ enum eExit {
 class Refusal
 {
 public:
-    explicit Refusal(QString sentence, eExit exit = Exit_Refused)
-        : mSentence(std::move(sentence)), mExit(exit)
+    explicit Refusal(QString sentence, eExit exit = Exit_Refused, QString findings = QString())
+        : mSentence(std::move(sentence)), mExit(exit), mFindings(std::move(findings))
     {
     }
 
     const QString &sentence() const { return mSentence; }
     eExit exit() const { return mExit; }
+    /// Tables and reasons that are a result all the same: they belong on standard output.
+    const QString &findings() const { return mFindings; }
 
 private:
     QString mSentence;
     eExit mExit;
+    QString mFindings;
 };
 
 } // namespace room

@@ -114,14 +114,7 @@ int rename(const RenameOptions &options)
     requireTarget(options);
     const DocumentPtr document = openDocument(options.document);
     const QString name = options.newName.trimmed();
-    const QString forbidden = QStringLiteral(":/()");
-    for (const QChar letter : name) {
-        if (forbidden.contains(letter))
-            throw Refusal(QStringLiteral("The name '%1' holds '%2', and no formula could name it.")
-                              .arg(name, QString(letter)));
-    }
-    if (name.isEmpty())
-        throw Refusal(QStringLiteral("The new name is empty."));
+    requireName(name, options.kind == QLatin1String("set"));
 
     QString before;
     if (options.kind == QLatin1String("set")) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Snapshot.h"
+#include "Table.h"
 
 #include <optional>
 
@@ -16,38 +17,55 @@ struct Wish {
     std::optional<double> level;
     std::optional<VorSystem::QListEx<double>> measures;
     std::optional<VorSystem::QListEx<double>> levels;
+
+    bool hasLists() const { return measures || levels; }
 };
 
-/// An element that follows a formula: what that gives, and what the piece shows.
+/// The values of an element in all sizes, as a wish would have them.
+struct Goal {
+    VorSystem::QListEx<double> measures;
+    VorSystem::QListEx<double> levels; ///< empty for an element without levels
+};
+
+/// An element that follows a formula, or a frame that follows its link: what that gives, and what the piece
+/// shows.
 struct Driven {
+    ElementPlace place;
     QString path;
     bool isLevel = false;
     QString formula;
     VorSystem::QListEx<double> wanted;
     VorSystem::QListEx<double> read;
+    std::optional<int> onlySize; ///< in which something is wanted; without it that is so in all sizes
+
+    /// Read back as wanted within a micrometre.
+    bool isObeyed() const;
 };
+
+bool areObeyed(const std::vector<Driven> &driven);
 
 /// What came of it.
 struct Outcome {
-    bool isDeclined = false;  ///< the user said no to locked pieces; nothing was touched
-    bool isRefused = false;   ///< the library did not even try
-    bool isTaken = false;     ///< the library answers that the values were taken
-    QStringList messages;     ///< what the library said, when it was a rehearsal
-    bool isNestAlone = false; ///< the other sizes go along with the nest: nothing is wanted of them
-    bool isLevelWish = false;
-    int nest = 0;
-    VorSystem::QListEx<double> wantedMeasures;
-    VorSystem::QListEx<double> wantedLevels;
-    VorSystem::QListEx<double> readMeasures; ///< from the piece, after everything came into line
-    VorSystem::QListEx<double> readLevels;
+    bool isDeclined = false; ///< the user said no to locked pieces; nothing was touched
+    bool isRefused = false;  ///< the library did not even try
+    bool isTaken = false;    ///< the library answers that the values were taken
+    QStringList messages;    ///< what the library said, when it was a rehearsal
+    Driven measure;          ///< of the element itself, read from the piece after everything came into line
+    Driven level;            ///< empty for an element without levels
     Difference difference;
-    std::vector<Driven> driven; ///< every element of the set that follows a formula
+    std::vector<Driven> driven; ///< every element that follows a formula
+    std::vector<Driven> shares; ///< the frames of a link, when it was a rehearsal
 
-    /// How far what is read back is from what is wanted, where something is wanted.
-    double largestGap() const;
-    /// Taken, and read back as wanted within a micrometre, and so is whatever follows a formula.
+    /// Taken, and read back as wanted within a micrometre, and so is whatever follows a formula; no formula
+    /// was lost.
     bool isObeyed() const;
 };
+
+/// Would such a level make a frame the origin of its center?
+bool makesOrigin(double level);
+
+/// What a wish asks of its element.
+Goal goalOf(const Element &target, const VorSystem::PatternDocument &document, const Wish &wish);
 
 /// May the elements move? Where one is tied to a locked piece, the library asks the user, once at the most.
 bool mayMove(const VorSystem::PatternDocument &document, const std::vector<ElementPlace> &elements);
@@ -63,25 +81,32 @@ Outcome rehearse(const VorSystem::PatternDocument &document, const Wish &wish);
 /// Rehearses and, when the copy obeys, takes the road: a document that would not obey is not touched.
 Outcome change(VorSystem::PatternDocument &document, const Wish &wish);
 
-/// Why a change fails, for the user: the result of the move, pass by pass, and what would work.
-QString explain(const VorSystem::PatternDocument &document, const Wish &wish, const LengthStyle &style);
+/// Brings all sets into line, and again until nothing changes: what moves late may be measured by an element
+/// that was read early. Answers what follows formulas. Where a piece does not follow at once that is the end:
+/// in a second round a link would pull along what its own rule did not move.
+std::vector<Driven> settle(const VorSystem::PatternDocument &document);
 
-/// All elements of a set that follow formulas, specs left out: nothing moves for them.
-std::vector<Driven> drivenElements(const VorSystem::PatternDocument &document,
-                                   const VorSystem::FrameSet *set);
-/// Their formulas, and per size how far the piece is from them; empty for none.
-QString describe(const std::vector<Driven> &driven, const VorSystem::PatternDocument &document,
-                 const LengthStyle &style);
+/// Why a change fails, for the user: the result of each move, pass by pass, and what would work.
+QString explain(const VorSystem::PatternDocument &document, const Wish &wish, const Outcome &failed,
+                const LengthStyle &style);
 
-/// Wanted, read back and difference per size.
-QString report(const Outcome &outcome, const Element &target, const VorSystem::PatternDocument &document,
-               const LengthStyle &style);
+/// All elements that follow formulas, specs left out: nothing moves for them.
+std::vector<Driven> drivenElements(const VorSystem::PatternDocument &document);
+/// Rows of what is wanted, read back, and the difference; what stands before them.
+void addRows(Table &table, const QString &what, const Driven &values, const LengthStyle &style);
+
+/// What they are to be, and per size how far the piece is from that, under a heading; empty for none.
+QString describe(const std::vector<Driven> &driven, const QString &heading,
+                 const VorSystem::PatternDocument &document, const LengthStyle &style);
+
+/// The result of the moves of elements that obeyed; empty where none of them is tied to a piece.
+QString resultOfAll(const std::vector<Driven> &driven, const VorSystem::PatternDocument &document);
+
+/// The sentence, and what the library said when it was tried on a copy.
+QString withMessages(QString sentence, QStringList messages);
 
 /// The values of an element as its piece shows them, or as stored where it is tied to none.
 VorSystem::QListEx<double> readMeasures(const Element &element, const VorSystem::PatternDocument &document);
 VorSystem::QListEx<double> readLevels(const Element &element, const VorSystem::PatternDocument &document);
-
-/// The result of a move in words.
-QString inWords(VorSystem::eMsgConvergence result);
 
 } // namespace room

@@ -57,11 +57,13 @@ int run(const RunOptions &options)
                 words = words.mid(2);
             int exit = Exit_Done;
             try {
-                exit = runCommand(words + options.globals, *options.console);
+                // Behind the command, so that what the step says for itself comes last and counts.
+                exit = runCommand(words.mid(0, 1) + options.globals + words.mid(1), *options.console);
             } catch (const Refusal &refusal) {
                 if (!isRefusal)
                     throw;
-                options.console->print(QStringLiteral("Refused: %1\n").arg(refusal.sentence()));
+                options.console->print(refusal.findings() +
+                                       QStringLiteral("Refused: %1\n").arg(refusal.sentence()));
                 exit = refusal.exit();
             }
             if (isRefusal && exit == Exit_Done)
@@ -75,7 +77,7 @@ int run(const RunOptions &options)
             if (!Console::writeOut(options.console->takePrinted()))
                 throw Refusal(QStringLiteral("Standard output takes no more."), Exit_File);
         } catch (const Refusal &refusal) {
-            throw Refusal(place + refusal.sentence(), refusal.exit());
+            throw Refusal(place + refusal.sentence(), refusal.exit(), refusal.findings());
         }
     }
     return Exit_Done;

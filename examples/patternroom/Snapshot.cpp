@@ -53,6 +53,11 @@ QString textOf(const TreeEquations *formula)
 
 } // namespace
 
+QString LostFormula::shown() const
+{
+    return (isLevel ? QStringLiteral("%1 (level) = %2") : QStringLiteral("%1 = %2")).arg(path, formula);
+}
+
 QListEx<double> minus(const QListEx<double> &a, const QListEx<double> &b)
 {
     QListEx<double> differences;
@@ -101,9 +106,9 @@ Difference differenceOf(const Snapshot &before, const Snapshot &after)
         if (differ(was.levels, is.levels))
             difference.elements.push_back({is.place, is.path, true, was.levels, is.levels});
         if (!was.formula.isEmpty() && is.formula.isEmpty())
-            difference.lostFormulas << is.path + QLatin1String(": ") + was.formula;
+            difference.lostFormulas.push_back({is.place, is.path, false, was.formula});
         if (!was.levelFormula.isEmpty() && is.levelFormula.isEmpty())
-            difference.lostFormulas << is.path + QLatin1String(" (level): ") + was.levelFormula;
+            difference.lostFormulas.push_back({is.place, is.path, true, was.levelFormula});
     }
     for (std::size_t i = 0; i < std::min(before.pieces.size(), after.pieces.size()); ++i) {
         const QListEx<double> farthest = farthestWays(before.pieces[i], after.pieces[i]);
@@ -141,8 +146,14 @@ QString describe(const Difference &difference, const PatternDocument &document, 
         }
         text += table.print(Table_Text);
     }
-    for (const QString &lost : difference.lostFormulas)
-        text += QStringLiteral("lost formula: ") + lost + QLatin1Char('\n');
+    return text + describe(difference.lostFormulas);
+}
+
+QString describe(const std::vector<LostFormula> &lost)
+{
+    QString text;
+    for (const LostFormula &one : lost)
+        text += QStringLiteral("lost formula: %1\n").arg(one.shown());
     return text;
 }
 

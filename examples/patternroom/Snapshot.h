@@ -46,10 +46,19 @@ struct MovedPiece {
     bool isLocked = false;
     VorSystem::QListEx<double> farthest;
 };
+struct LostFormula {
+    ElementPlace place;
+    QString path;
+    bool isLevel = false;
+    QString formula;
+
+    /// "Front:Waist (level) = Measure(Waist) / 4"
+    QString shown() const;
+};
 struct Difference {
     std::vector<MovedElement> elements;
     std::vector<MovedPiece> pieces;
-    QStringList lostFormulas; ///< "Front:Waist: Measure(Waist) / 4"
+    std::vector<LostFormula> lostFormulas;
 };
 
 /// Both are of one document, before and after something happened to it.
@@ -58,6 +67,9 @@ Difference differenceOf(const Snapshot &before, const Snapshot &after);
 /// Tables of what moved and how far; empty for nothing.
 QString describe(const Difference &difference, const VorSystem::PatternDocument &document,
                  const LengthStyle &style);
+
+/// Formulas that were given up, a line each.
+QString describe(const std::vector<LostFormula> &lost);
 
 /// Every value less its counterpart.
 VorSystem::QListEx<double> minus(const VorSystem::QListEx<double> &a, const VorSystem::QListEx<double> &b);

@@ -15,7 +15,7 @@ using namespace room;
 namespace
 {
 
-// The words after the name of the program, and that name as a user types it.
+// The words after the name of the program.
 QStringList wordsOfTheProgram(int argc, char **argv)
 {
     QStringList words;
@@ -34,7 +34,7 @@ int fail(Console &console, const QString &sentence, int exit)
 
 int main(int argc, char **argv)
 {
-    char name[] = "patternroom";
+    char name[] = "patternroom"; // Qt gets no options: all of them are those of the commands
     char *names[] = {name, nullptr};
     int count = 1;
     const QCoreApplication application(count, names);
@@ -45,6 +45,7 @@ int main(int argc, char **argv)
             return fail(console, QStringLiteral("Standard output takes no more."), Exit_File);
         return exit;
     } catch (const Refusal &refusal) {
+        Console::writeOut(refusal.findings());
         return fail(console, refusal.sentence(), refusal.exit());
     } catch (const std::exception &error) {
         // A broken precondition of the library: nothing was written.
