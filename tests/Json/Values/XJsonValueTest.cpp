@@ -8,7 +8,9 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <limits>
+#include <thread>
 #include <type_traits>
+#include <vector>
 
 using namespace VorSystem;
 
@@ -231,6 +233,32 @@ TEST(XJsonValue, goesToQtsClassesAndBack)
     EXPECT_EQ(text(value.toObject()), R"({a:[1,2.5,"x",null,T],b:{},})");
     EXPECT_EQ(value.toJsonValue(), QJsonValue(qt));
     EXPECT_TRUE(XJsonValue::fromJsonValue(QJsonValue::Undefined).isUndefined());
+}
+
+TEST(XJsonValue, copiesAreUsedOnSeveralThreads)
+{
+    const XJsonObject shared{{"list"_q, XJsonArray{1, 2, 3}}, {"text"_q, "a"_q}};
+    const auto change = [](XJsonObject copy, int number) {
+        for (int turn = 0; turn < 1000; ++turn) {
+            XJsonObject changed = copy;
+            XJsonArray list = changed.value("list"_q).toArray();
+            list.append(number);
+            changed.insert("list"_q, list);
+            copy.insert("changed"_q, changed);
+        }
+        return copy;
+    };
+    XJsonObject changed[3];
+    {
+        std::vector<std::thread> threads;
+        for (int number = 0; number < 3; ++number)
+            threads.emplace_back([&, number] { changed[number] = change(shared, number); });
+        for (std::thread &thread : threads)
+            thread.join();
+    }
+    EXPECT_EQ(text(shared), R"({list:[1,2,3],text:"a",})");
+    for (int number = 0; number < 3; ++number)
+        EXPECT_EQ(changed[number], change(shared, number)) << number;
 }
 
 TEST(XJsonValue, aCopySharesAndAWriteDetaches)

@@ -16,4 +16,18 @@ bool JsonCursor::sharesStorageWith(const JsonCursor &other) const
     // NOLINTEND(bugprone-suspicious-memory-comparison)
 }
 
+bool JsonCursor::isShared()
+{
+    // Nor for this one: a writing access leaves a container alone exactly when nobody else holds it.
+    unsigned char before[sizeof mArray + sizeof mObject];
+    std::memcpy(before, &mArray, sizeof mArray);
+    std::memcpy(before + sizeof mArray, &mObject, sizeof mObject);
+    if (mIsObject)
+        mObject.begin();
+    else
+        mArray.begin();
+    return std::memcmp(before, &mArray, sizeof mArray) != 0 ||
+           std::memcmp(before + sizeof mArray, &mObject, sizeof mObject) != 0;
+}
+
 } // namespace VorSystem

@@ -29,6 +29,9 @@ public:
     /// True when both stand in one and the same storage: their contents need no comparing.
     bool sharesStorageWith(const JsonCursor &other) const;
 
+    /// True when others hold the container too; the cursor then stands in a copy of its own.
+    bool isShared();
+
 private:
     bool mIsObject;
     int mNext = 0;

@@ -3,6 +3,8 @@
 #include "JsonStorage.h"
 #include "JsonText.h"
 
+#include <algorithm>
+
 namespace VorSystem
 {
 
@@ -79,8 +81,10 @@ bool XJsonArray::contains(const XJsonValue &value) const
 void XJsonArray::append(const XJsonValue &value)
 {
     giveStorage();
-    if (admit(JsonStorage::kArraySlot + value.storageInside()))
-        mArray.append(storedForm(value));
+    if (!admit(JsonStorage::kArraySlot + value.storageInside()))
+        return;
+    mArray.append(storedForm(value));
+    surround(value);
 }
 
 void XJsonArray::insert(int index, const XJsonValue &value)
@@ -89,15 +93,19 @@ void XJsonArray::insert(int index, const XJsonValue &value)
     if (index < 0 || index > size() || !admit(JsonStorage::kArraySlot + value.storageInside()))
         return;
     mArray.insert(index, storedForm(value));
+    surround(value);
 }
 
 void XJsonArray::replace(int index, const XJsonValue &value)
 {
     if (!holdsIndex(index))
         return;
-    const qint64 freed = JsonStorage::kArraySlot + at(index).storageInside();
-    if (admit(JsonStorage::kArraySlot + value.storageInside(), freed))
-        mArray.replace(index, storedForm(value));
+    const XJsonValue old = at(index); // dies when it is out of the array
+    const qint64 freed = JsonStorage::kArraySlot + old.storageInside();
+    if (!admit(JsonStorage::kArraySlot + value.storageInside(), freed))
+        return;
+    mArray.replace(index, storedForm(value));
+    surround(value);
 }
 
 void XJsonArray::removeAt(int index)
@@ -109,7 +117,7 @@ XJsonValue XJsonArray::takeAt(int index)
 {
     if (!holdsIndex(index))
         return XJsonValue::Undefined;
-    XJsonValue taken(mArray.takeAt(index));
+    XJsonValue taken(mArray.takeAt(index), mLevels - 1);
     if (mStorage != XJsonValue::kUncounted) {
         taken.mStorage = taken.storageInside();
         mStorage -= JsonStorage::kArraySlot + taken.mStorage;
@@ -172,6 +180,17 @@ void XJsonArray::giveStorage()
 {
     if (!hasStorage())
         mStorage = JsonStorage::kEmptyContainer;
+}
+
+void XJsonArray::surround(const XJsonValue &value)
+{
+    mLevels = std::max(mLevels, XJsonValue::levelsAround(value));
+}
+
+void XJsonArray::letGo()
+{
+    QJsonValue value = std::exchange(mArray, QJsonArray());
+    XJsonValue::letGo(value);
 }
 
 bool XJsonArray::admit(qint64 asked, qint64 freed)

@@ -3,6 +3,8 @@
 #include "JsonStorage.h"
 #include "JsonText.h"
 
+#include <algorithm>
+
 namespace VorSystem
 {
 
@@ -132,7 +134,7 @@ QString XJsonObject::keyAt(int index) const
 
 XJsonValue XJsonObject::valueAt(int index) const
 {
-    return XJsonValue(mObject, index);
+    return XJsonValue(mObject, index, mLevels - 1);
 }
 
 int XJsonObject::position(const QString &key) const
@@ -144,6 +146,17 @@ void XJsonObject::giveStorage()
 {
     if (!hasStorage())
         mStorage = JsonStorage::kEmptyContainer;
+}
+
+void XJsonObject::surround(const XJsonValue &value)
+{
+    mLevels = std::max(mLevels, XJsonValue::levelsAround(value));
+}
+
+void XJsonObject::letGo()
+{
+    QJsonValue value = std::exchange(mObject, QJsonObject());
+    XJsonValue::letGo(value);
 }
 
 bool XJsonObject::admit(qint64 asked, qint64 freed, int replacedIndex)
@@ -166,6 +179,7 @@ int XJsonObject::insertNew(const QString &key, const XJsonValue &value)
     giveStorage();
     if (!admit(JsonStorage::ofKey(key) + value.storageInside()))
         return size();
+    surround(value);
     return mObject.insert(key, value.mValue) - QJsonObject::iterator(&mObject, 0);
 }
 
@@ -179,10 +193,11 @@ bool XJsonObject::writeAt(int index, const XJsonValue &value)
     }
 
     const qint64 asked = value.storageInside();
-    const qint64 freed = valueAt(index).storageInside();
-    if (!admit(asked, freed, index))
+    const XJsonValue old = valueAt(index); // dies when it is out of the object
+    if (!admit(asked, old.storageInside(), index))
         return false;
     QJsonValueRef(&mObject, index) = value.mValue;
+    surround(value);
     return true;
 }
 

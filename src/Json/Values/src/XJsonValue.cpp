@@ -33,8 +33,10 @@ bool sameScalar(const QJsonValue &left, const QJsonValue &right)
 
 XJsonValue::XJsonValue(Type type) : mValue(static_cast<QJsonValue::Type>(type))
 {
-    if (JsonCursor::isContainer(mValue))
+    if (JsonCursor::isContainer(mValue)) {
         mStorage = kNoStorage;
+        mLevels = 1;
+    }
 }
 
 XJsonValue::XJsonValue(double number)
@@ -44,19 +46,32 @@ XJsonValue::XJsonValue(double number)
 
 XJsonValue::XJsonValue(const QString &text) : mValue(text), mStorage(JsonStorage::ofText(text)) {}
 
-XJsonValue::XJsonValue(const XJsonArray &array) : mValue(array.mArray), mStorage(array.mStorage) {}
-
-XJsonValue::XJsonValue(const XJsonObject &object) : mValue(object.mObject), mStorage(object.mStorage) {}
-
-XJsonValue::XJsonValue(const QJsonArray &array, int index) : mValue(array.at(index)) {}
-
-XJsonValue::XJsonValue(const QJsonObject &object, int index)
-    : mValue(index >= 0 && index < object.size() ? (object.constBegin() + index).value()
-                                                 : QJsonValue(QJsonValue::Undefined))
+XJsonValue::XJsonValue(const XJsonArray &array)
+    : mValue(array.mArray), mStorage(array.mStorage), mLevels(array.mLevels)
 {
 }
 
-XJsonValue::XJsonValue(const QJsonObject &object, const QString &key) : mValue(object.value(key)) {}
+XJsonValue::XJsonValue(const XJsonObject &object)
+    : mValue(object.mObject), mStorage(object.mStorage), mLevels(object.mLevels)
+{
+}
+
+XJsonValue::XJsonValue(const QJsonArray &array, int index, int levels)
+    : mValue(array.at(index)), mLevels(levels)
+{
+}
+
+XJsonValue::XJsonValue(const QJsonObject &object, int index, int levels)
+    : mValue(index >= 0 && index < object.size() ? (object.constBegin() + index).value()
+                                                 : QJsonValue(QJsonValue::Undefined)),
+      mLevels(levels)
+{
+}
+
+XJsonValue::XJsonValue(const QJsonObject &object, const QString &key, int levels)
+    : mValue(object.value(key)), mLevels(levels)
+{
+}
 
 double XJsonValue::shownForm(double number)
 {
@@ -137,12 +152,12 @@ int XJsonValue::toInt(int defaultValue) const
 
 XJsonArray XJsonValue::toArray() const
 {
-    return XJsonArray(mValue, isArray() ? mStorage : kNoStorage);
+    return XJsonArray(mValue, isArray() ? mStorage : kNoStorage, mLevels);
 }
 
 XJsonObject XJsonValue::toObject() const
 {
-    return XJsonObject(mValue, isObject() ? mStorage : kNoStorage);
+    return XJsonObject(mValue, isObject() ? mStorage : kNoStorage, mLevels);
 }
 
 XJsonArray XJsonValue::toArray(const XJsonArray &defaultValue) const
@@ -196,6 +211,24 @@ bool XJsonValue::operator==(const XJsonValue &other) const
             return false;
     }
     return true;
+}
+
+void XJsonValue::letGo(QJsonValue &value)
+{
+    // A container dies after what is in it was put aside, so each death takes one level and no more.
+    std::vector<QJsonValue> rest;
+    rest.push_back(std::exchange(value, QJsonValue()));
+    while (!rest.empty()) {
+        JsonCursor cursor(std::exchange(rest.back(), QJsonValue()));
+        rest.pop_back();
+        if (cursor.isShared())
+            continue;
+        for (; !cursor.atEnd(); cursor.advance()) {
+            QJsonValue inner = cursor.value();
+            if (JsonCursor::isContainer(inner))
+                rest.push_back(std::move(inner));
+        }
+    }
 }
 
 qint64 XJsonValue::countedStorage() const

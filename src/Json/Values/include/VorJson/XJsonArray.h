@@ -39,11 +39,21 @@ public:
     XJsonArray(std::initializer_list<XJsonValue> values);
     XJsonArray(const XJsonArray &other) = default;
     XJsonArray(XJsonArray &&other) noexcept
-        : mArray(std::move(other.mArray)), mStorage(std::exchange(other.mStorage, XJsonValue::kNoStorage))
+        : mArray(std::move(other.mArray)), mStorage(std::exchange(other.mStorage, XJsonValue::kNoStorage)),
+          mLevels(std::exchange(other.mLevels, 1))
     {
     }
-    ~XJsonArray() = default;
-    XJsonArray &operator=(const XJsonArray &other) = default;
+    ~XJsonArray()
+    {
+        if (mLevels > XJsonValue::kShallow)
+            letGo();
+    }
+    XJsonArray &operator=(const XJsonArray &other)
+    {
+        XJsonArray copy(other);
+        swap(copy);
+        return *this;
+    }
     XJsonArray &operator=(XJsonArray &&other) noexcept
     {
         swap(other);
@@ -53,6 +63,7 @@ public:
     {
         std::swap(mArray, other.mArray);
         std::swap(mStorage, other.mStorage);
+        std::swap(mLevels, other.mLevels);
     }
 
     static XJsonArray fromStringList(const QStringList &texts);
@@ -73,7 +84,7 @@ public:
     bool isEmpty() const { return mArray.isEmpty(); }
     bool empty() const { return isEmpty(); }
 
-    XJsonValue at(int index) const { return XJsonValue(mArray, index); }
+    XJsonValue at(int index) const { return XJsonValue(mArray, index, mLevels - 1); }
     XJsonValue first() const { return at(0); }
     XJsonValue last() const { return at(size() - 1); }
     XJsonValue operator[](int index) const { return at(index); }
@@ -125,17 +136,23 @@ private:
     friend class XJsonIterator;
     friend VORJSON_EXPORT QDebug operator<<(QDebug debug, const XJsonArray &array);
 
-    XJsonArray(const QJsonValue &value, qint64 storage) : mArray(value.toArray()), mStorage(storage) {}
+    XJsonArray(const QJsonValue &value, qint64 storage, int levels)
+        : mArray(value.toArray()), mStorage(storage), mLevels(levels)
+    {
+    }
 
     bool hasStorage() const { return mStorage != XJsonValue::kNoStorage; }
     bool holdsIndex(int index) const { return index >= 0 && index < size(); }
     XJsonValue valueAt(int index) const { return at(index); }
     static const QJsonValue &storedForm(const XJsonValue &value);
     void giveStorage();
+    void surround(const XJsonValue &value);
+    void letGo();
     bool admit(qint64 asked, qint64 freed = 0);
 
     QJsonArray mArray;
     qint64 mStorage = XJsonValue::kNoStorage; ///< bytes counted so far, or one of the marks of XJsonValue
+    int mLevels = 1;                          ///< at most so many levels of containers, its own included
 };
 
 /// Writes "XJsonArray(", the compact text form and ")".

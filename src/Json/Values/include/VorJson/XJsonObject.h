@@ -38,11 +38,21 @@ public:
     XJsonObject(std::initializer_list<QPair<QString, XJsonValue>> members);
     XJsonObject(const XJsonObject &other) = default;
     XJsonObject(XJsonObject &&other) noexcept
-        : mObject(std::move(other.mObject)), mStorage(std::exchange(other.mStorage, XJsonValue::kNoStorage))
+        : mObject(std::move(other.mObject)), mStorage(std::exchange(other.mStorage, XJsonValue::kNoStorage)),
+          mLevels(std::exchange(other.mLevels, 1))
     {
     }
-    ~XJsonObject() = default;
-    XJsonObject &operator=(const XJsonObject &other) = default;
+    ~XJsonObject()
+    {
+        if (mLevels > XJsonValue::kShallow)
+            letGo();
+    }
+    XJsonObject &operator=(const XJsonObject &other)
+    {
+        XJsonObject copy(other);
+        swap(copy);
+        return *this;
+    }
     XJsonObject &operator=(XJsonObject &&other) noexcept
     {
         swap(other);
@@ -52,6 +62,7 @@ public:
     {
         std::swap(mObject, other.mObject);
         std::swap(mStorage, other.mStorage);
+        std::swap(mLevels, other.mLevels);
     }
 
     static XJsonObject fromVariantMap(const QVariantMap &variants);
@@ -76,7 +87,7 @@ public:
     bool contains(const QString &key) const { return mObject.contains(key); }
 
     /// The value of the key; Undefined when the key is absent.
-    XJsonValue value(const QString &key) const { return XJsonValue(mObject, key); }
+    XJsonValue value(const QString &key) const { return XJsonValue(mObject, key, mLevels - 1); }
     XJsonValue operator[](const QString &key) const { return value(key); }
 
     /// The place of the key, which is inserted with Null when absent: so reading this way changes the object.
@@ -117,7 +128,10 @@ private:
     friend class XJsonIterator;
     friend VORJSON_EXPORT QDebug operator<<(QDebug debug, const XJsonObject &object);
 
-    XJsonObject(const QJsonValue &value, qint64 storage) : mObject(value.toObject()), mStorage(storage) {}
+    XJsonObject(const QJsonValue &value, qint64 storage, int levels)
+        : mObject(value.toObject()), mStorage(storage), mLevels(levels)
+    {
+    }
 
     bool hasStorage() const { return mStorage != XJsonValue::kNoStorage; }
     bool holdsIndex(int index) const { return index >= 0 && index < size(); }
@@ -126,6 +140,8 @@ private:
     int position(const QString &key) const; ///< size() when the key is absent
 
     void giveStorage();
+    void surround(const XJsonValue &value);
+    void letGo();
     bool admit(qint64 asked, qint64 freed = 0, int replacedIndex = -1);
     int insertNew(const QString &key, const XJsonValue &value);
     bool writeAt(int index, const XJsonValue &value);
@@ -133,6 +149,7 @@ private:
 
     QJsonObject mObject;
     qint64 mStorage = XJsonValue::kNoStorage; ///< bytes counted so far, or one of the marks of XJsonValue
+    int mLevels = 1;                          ///< at most so many levels of containers, its own included
 };
 
 /// Writes "XJsonObject(", the compact text form and ")".

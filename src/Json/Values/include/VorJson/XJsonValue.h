@@ -55,6 +55,31 @@ public:
     XJsonValue(const XJsonArray &array);
     XJsonValue(const XJsonObject &object);
 
+    XJsonValue(const XJsonValue &other) = default;
+    XJsonValue(XJsonValue &&other) noexcept = default;
+    ~XJsonValue()
+    {
+        if (mLevels > kShallow)
+            letGo(mValue);
+    }
+    XJsonValue &operator=(const XJsonValue &other)
+    {
+        XJsonValue copy(other);
+        swap(copy);
+        return *this;
+    }
+    XJsonValue &operator=(XJsonValue &&other) noexcept
+    {
+        swap(other);
+        return *this;
+    }
+    void swap(XJsonValue &other) noexcept
+    {
+        mValue.swap(other.mValue);
+        std::swap(mStorage, other.mStorage);
+        std::swap(mLevels, other.mLevels);
+    }
+
     /// The value for a variant: booleans, int, unsigned, 64-bit integers and double, QString, QStringList,
     /// QVariantList, QVariantMap and QVariantHash by their kind. Any other variant gives the text of
     /// QVariant::toString, or Null when that is empty.
@@ -154,11 +179,22 @@ private:
         kNoStorage = -2, ///< an array or object without storage
     };
 
+    static constexpr int kShallow = 20000;      ///< levels that Qt's own recursion may let go of
+    static constexpr int kManyLevels = 1 << 30; ///< where counting them ends
+    /// The levels of a container that holds the value.
+    static int levelsAround(const XJsonValue &inner)
+    {
+        return inner.mLevels < kManyLevels ? inner.mLevels + 1 : kManyLevels;
+    }
+    /// Empties the value level by level. What others hold too stays theirs.
+    static void letGo(QJsonValue &value);
+
     // The forms with parameters of Qt's values read in place, which is cheaper than moving a value.
     explicit XJsonValue(const QJsonValue &value) : mValue(value) {}
-    XJsonValue(const QJsonArray &array, int index);
-    XJsonValue(const QJsonObject &object, int index);
-    XJsonValue(const QJsonObject &object, const QString &key);
+    XJsonValue(const QJsonValue &value, int levels) : mValue(value), mLevels(levels) {}
+    XJsonValue(const QJsonArray &array, int index, int levels);
+    XJsonValue(const QJsonObject &object, int index, int levels);
+    XJsonValue(const QJsonObject &object, const QString &key, int levels);
 
     static double shownForm(double number);
 
@@ -171,6 +207,7 @@ private:
 
     QJsonValue mValue;
     qint64 mStorage = kUncounted; ///< bytes inside a container, or a mark
+    int mLevels = 0;              ///< at most so many levels of containers inside each other
 };
 
 /// Writes "XJsonValue(kind, contents)"; containers in their compact text form.
