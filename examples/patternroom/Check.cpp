@@ -1,10 +1,9 @@
 // What is wrong with a document, as far as can be told without moving anything.
+#include "Circles.h"
 #include "Commands.h"
+#include "FormulaText.h"
 #include "Snapshot.h"
 
-#include <VorConjoin/VorConjoin.h>
-
-#include <algorithm>
 #include <cmath>
 
 namespace room
@@ -14,13 +13,6 @@ using namespace VorSystem;
 
 namespace
 {
-
-QString evaluationName(const Evaluation &evaluation)
-{
-    const QString pattern =
-        evaluation.mType == Evaluation_Level ? QStringLiteral("Level(%1)") : QStringLiteral("Measure(%1)");
-    return pattern.arg(evaluation.mElement ? evaluation.mElement->fullName() : QStringLiteral("?"));
-}
 
 class Linter
 {
@@ -32,12 +24,25 @@ public:
 
     QStringList findings()
     {
-        for (const Element &element : elementsOf(mDocument))
-            lintElement(element);
+        const std::vector<Element> elements = elementsOf(mDocument);
+        for (const Element &element : elements) {
+            lintNames(element.path(), valueFormula(element.element));
+            lintNames(element.path() + QStringLiteral(" (level)"), element.element->formulaLevel());
+        }
+        if (!mFindings.isEmpty()) {
+            find(QStringLiteral("not looked at"),
+                 QStringLiteral("units, order and values, until the names are put right"));
+            return mFindings;
+        }
+        for (const Element &element : elements) {
+            lintUnits(element.path(), valueFormula(element.element));
+            lintUnits(element.path() + QStringLiteral(" (level)"), element.element->formulaLevel());
+            if (element.place.kind == Element_Spec)
+                lintSeam(element);
+        }
         const QListEx<FrameSet *> sets = mDocument.framesManager()->getFrameSets();
         for (FrameSet *set : sets)
             lintOrder(set);
-        lintLost();
         lintRest();
         return mFindings;
     }
@@ -45,47 +50,20 @@ public:
 private:
     void find(const QString &what, const QString &text) { mFindings << what + QLatin1String(": ") + text; }
 
-    void lintElement(const Element &element)
-    {
-        if (element.place.kind == Element_Frame && !element.element->getFrameSet())
-            return;
-        lintFormula(element, valueFormula(element.element));
-        lintFormula(element, element.element->formulaLevel());
-        if (element.place.kind == Element_Spec)
-            lintSeam(element);
-    }
-
-    void lintFormula(const Element &element, const TreeEquations *formula)
+    void lintNames(const QString &holder, const TreeEquations *formula)
     {
         if (!formula)
             return;
-        lintNames(element, formula->root);
-        if (!const_cast<TreeEquations *>(formula)->verifierImplicitUnits())
-            find(QStringLiteral("units"), QStringLiteral("%1 = %2 mixes lengths and plain numbers")
-                                              .arg(element.path(), formula->toString()));
+        for (const QString &name : vainNames(*formula))
+            find(QStringLiteral("bare name"),
+                 QStringLiteral("%1 names '%2' without Measure or Level").arg(holder, name));
     }
 
-    void lintNames(const Element &element, const ElementEquation *node)
+    void lintUnits(const QString &holder, TreeEquations *formula)
     {
-        if (!node)
-            return;
-        const bool isReference = node->contents == ElemMeasure || node->contents == ElemLevel;
-        if (node->contents == ElemNone)
-            find(QStringLiteral("bare name"), QStringLiteral("%1 names '%2' without Measure or Level")
-                                                  .arg(element.path(), node->pendingName));
-        if (isReference && !node->element)
-            find(QStringLiteral("unresolved name"),
-                 QStringLiteral("%1 names '%2'").arg(element.path(), node->pendingName));
-        if (isReference && node->element) {
-            const BaseFrame *meant = element.set->foundElementAccordingName(node->element->fullName(), false);
-            if (meant != node->element)
-                find(QStringLiteral("misread name"),
-                     QStringLiteral("%1 names the %2 '%3', and a reading would take another element for it")
-                         .arg(element.path(), kindName(node->element->elementType()),
-                              node->element->fullName()));
-        }
-        lintNames(element, node->sonLeft);
-        lintNames(element, node->sonRight);
+        if (formula && !formula->verifierImplicitUnits())
+            find(QStringLiteral("units"),
+                 QStringLiteral("%1 = %2 mixes lengths and plain numbers").arg(holder, formula->toString()));
     }
 
     // A spec that takes one measure from another says that two seams are as long.
@@ -100,13 +78,14 @@ private:
             !isMeasure(root->sonRight))
             return;
         QStringList differing;
+        const LengthStyle inDecimals{mStyle.unit, false}; // a sixteenth of an inch is wide for a seam
         for (int size = 0; size < sizeCount(mDocument); ++size) {
             const double difference =
                 const_cast<TreeEquations *>(formula)->evaluate(static_cast<short>(size));
             if (!(std::abs(difference) <= mTolerance)) {
                 differing << QStringLiteral("%1 by %2")
                                  .arg(mDocument.sizeName(static_cast<short>(size + 1)),
-                                      mStyle.showDifference(difference));
+                                      inDecimals.showDifference(difference));
             }
         }
         if (!differing.isEmpty())
@@ -115,105 +94,16 @@ private:
                      .arg(element.path(), formula->toString(), differing.join(QStringLiteral(", "))));
     }
 
-    // Values that wait for each other, and the way round.
     void lintOrder(FrameSet *set)
     {
-        OrderEvaluation order;
-        FrameSegment *culprit = nullptr;
-        if (!order.calculateOrder(set, culprit) && culprit) {
-            find(QStringLiteral("order"), QStringLiteral("segment '%1' moves what its own formula depends on")
-                                              .arg(culprit->fullName()));
-        }
-        QListEx<Evaluation> ordered;
-        for (const QListEx<Evaluation> *round : order.rounds()) {
-            for (const Evaluation &evaluation : *round)
-                ordered.append(evaluation);
-        }
-        for (const Element &element : elementsOf(mDocument)) {
-            if (element.set != set)
-                continue;
-            for (const eEvaluationType type : {Evaluation_Measure, Evaluation_Level}) {
-                const Evaluation evaluation{element.element, type};
-                const bool isOrdered = element.place.kind == Element_Frame ||
-                                       element.place.kind == Element_Link ||
-                                       (element.place.kind == Element_Segment && type == Evaluation_Measure);
-                if (isOrdered && !ordered.contains(evaluation))
-                    lintDeadlock(evaluation);
-            }
-        }
-    }
-
-    void lintDeadlock(const Evaluation &evaluation)
-    {
-        QListEx<Evaluation> path;
-        if (mInCycles.contains(evaluation))
-            return;
-        if (findCycle(evaluation, path)) {
-            QStringList names;
-            for (const Evaluation &step : path) {
-                names << evaluationName(step);
-                mInCycles.append(step);
-            }
-            names << names.first();
-            find(QStringLiteral("cycle"), names.join(QStringLiteral(" <- ")));
-        } else {
-            find(QStringLiteral("deadlock"),
-                 QStringLiteral("%1 waits for values that wait for it").arg(evaluationName(evaluation)));
-        }
-    }
-
-    static QListEx<Evaluation> sourcesOf(const Evaluation &evaluation)
-    {
-        QListEx<Evaluation> sources;
-        if (!evaluation.mElement)
-            return sources;
-        if (evaluation.mType == Evaluation_Measure)
-            evaluation.mElement->addEvaluationUsedInMeasurement(sources);
-        else
-            evaluation.mElement->addEvaluationUsedInLevel(sources);
-        return sources;
-    }
-
-    // Depth first from start; path is the circle when one leads back to start. Walks with a stack of its own.
-    static bool findCycle(const Evaluation &start, QListEx<Evaluation> &path)
-    {
-        struct Step {
-            QListEx<Evaluation> sources;
-            int next = 0;
-        };
-        std::vector<Step> steps{{sourcesOf(start), 0}};
-        QListEx<Evaluation> done;
-        path.append(start);
-        while (!steps.empty()) {
-            Step &step = steps.back();
-            if (step.next == step.sources.size()) {
-                steps.pop_back();
-                path.removeLast();
-                continue;
-            }
-            const Evaluation source = step.sources.at(step.next++);
-            if (source == start)
-                return true;
-            if (done.contains(source))
-                continue;
-            done.append(source);
-            path.append(source);
-            steps.push_back({sourcesOf(source), 0});
-        }
-        return false;
-    }
-
-    void lintLost()
-    {
-        if (!mDocument.lostSets().isEmpty())
-            find(QStringLiteral("lost set"),
-                 QStringLiteral("%1 of which a name does not resolve").arg(mDocument.lostSets().size()));
-        for (const CDbGroupObject *piece : mDocument.pieces()) {
-            for (const GabaritObject *g = piece->firstGabarit(); g; g = g->mNextGabarit) {
-                if (!mDocument.lostSkeleton(g).isUndefined())
-                    find(QStringLiteral("lost skeleton"), piece->name());
-            }
-        }
+        const Disorder disorder = disorderOf(mDocument, set);
+        if (!disorder.culprit.isEmpty())
+            find(QStringLiteral("order"),
+                 QStringLiteral("segment '%1' moves what its own formula depends on").arg(disorder.culprit));
+        for (const QString &circle : disorder.circles)
+            find(QStringLiteral("circle"), circle);
+        for (const QString &deadlock : disorder.deadlocks)
+            find(QStringLiteral("deadlock"), deadlock);
     }
 
     // Tried on a copy: is every value what its formula and its piece say?
@@ -226,9 +116,9 @@ private:
         const Difference difference = differenceOf(before, snapshotOf(*copy));
         for (const MovedElement &moved : difference.elements) {
             find(QStringLiteral("out of line"),
-                 QStringLiteral("%1: its %2 would change by up to %3")
+                 QStringLiteral("%1: its %2 would change by up to %3 %4")
                      .arg(moved.path, moved.isLevel ? QStringLiteral("level") : QStringLiteral("measure"),
-                          mStyle.show(largestOf(minus(moved.after, moved.before)))));
+                          mStyle.show(largestOf(minus(moved.after, moved.before))), mStyle.sign()));
         }
         for (const LostFormula &lost : difference.lostFormulas)
             find(QStringLiteral("formula that cannot be kept"), lost.shown());
@@ -238,18 +128,21 @@ private:
     double mTolerance;
     const LengthStyle &mStyle;
     QStringList mFindings;
-    QListEx<Evaluation> mInCycles;
 };
 
 } // namespace
 
 int check(const CheckOptions &options)
 {
-    const DocumentPtr document = openDocument(options.document);
     const double tolerance = options.tolerance.isEmpty()
                                  ? 0.05 // cm: half a millimetre is sewn without notice
-                                 : lengthOf(options.tolerance, options.style, QStringLiteral("--tolerance"));
-    const QStringList findings = Linter(*document, tolerance, options.style).findings();
+                                 : toleranceOf(options.tolerance, options.style);
+    QStringList lost;
+    const DocumentPtr document = openDocument(options.document, &lost);
+    QStringList findings;
+    for (const QString &sentence : qAsConst(lost))
+        findings << QStringLiteral("lost: ") + sentence;
+    findings << Linter(*document, tolerance, options.style).findings();
     for (const QString &finding : findings)
         options.console->print(finding + QLatin1Char('\n'));
     if (findings.isEmpty())

@@ -4,6 +4,8 @@
 #include "Commands.h"
 #include "Line.h"
 
+#include <exception>
+
 namespace room
 {
 
@@ -432,8 +434,16 @@ int runCommand(const QStringList &words, Console &console)
     QStringList known;
     for (const CommandEntry &command : kCommands) {
         if (name == QLatin1String(command.name)) {
-            Line line(words, console);
-            return command.run(line);
+            try {
+                Line line(words, console);
+                return command.run(line);
+            } catch (const std::exception &error) {
+                // A broken precondition of the library, before anything is written.
+                throw Refusal(
+                    QStringLiteral("'%1' cannot be done: the document holds something that does not "
+                                   "fit together (%2); 'check' may tell what.")
+                        .arg(name, QString::fromUtf8(error.what())));
+            }
         }
         known << QLatin1String(command.name);
     }

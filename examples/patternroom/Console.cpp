@@ -3,7 +3,8 @@
 #include <QFile>
 #include <QTextStream>
 
-#include <cstdio>
+#include <cerrno>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace room
@@ -23,9 +24,24 @@ QString Console::takePrinted()
 
 bool Console::writeOut(const QString &text)
 {
+    struct stat before {
+    };
+    const bool isFile = fstat(STDOUT_FILENO, &before) == 0 && S_ISREG(before.st_mode);
     const QByteArray bytes = text.toUtf8();
-    const std::size_t count = static_cast<std::size_t>(bytes.size());
-    return std::fwrite(bytes.constData(), 1, count, stdout) == count && std::fflush(stdout) == 0;
+    for (int written = 0; written < bytes.size();) {
+        const ssize_t count = ::write(STDOUT_FILENO, bytes.constData() + written,
+                                      static_cast<std::size_t>(bytes.size() - written));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0) {
+            // A file keeps no part of what did not fit.
+            if (isFile && ftruncate(STDOUT_FILENO, before.st_size) != 0)
+                QTextStream(stderr) << "A part of the output stays in the file.\n";
+            return false;
+        }
+        written += static_cast<int>(count);
+    }
+    return true;
 }
 
 void Console::showMessage(const QString &text, const QString &, int)

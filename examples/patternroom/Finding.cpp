@@ -128,13 +128,17 @@ QString nearest(const QString &name, const QStringList &known)
         .arg(quotedList(known, QStringLiteral(" and ")));
 }
 
+std::vector<Element> elementsOfKind(const PatternDocument &document, const QString &kind)
+{
+    if (kind.isEmpty())
+        return elementsOf(document);
+    const eElementFrameType wanted = kindOf(kind);
+    return filtered(elementsOf(document), [&](const Element &e) { return e.place.kind == wanted; });
+}
+
 Element findElement(const PatternDocument &document, const QString &name, const QString &kind)
 {
-    std::vector<Element> elements = elementsOf(document);
-    if (!kind.isEmpty()) {
-        const eElementFrameType wanted = kindOf(kind);
-        elements = filtered(elements, [&](const Element &e) { return e.place.kind == wanted; });
-    }
+    const std::vector<Element> elements = elementsOfKind(document, kind);
     std::vector<Element> found = filtered(elements, [&](const Element &e) {
         return Noms_Identiques(e.fullName(), name) || Noms_Identiques(e.path(), name);
     });
@@ -174,12 +178,17 @@ FrameSet *findSet(const PatternDocument &document, const QString &name)
 CDbGroupObject *findPiece(const PatternDocument &document, const QString &name)
 {
     QStringList known;
+    std::vector<CDbGroupObject *> found;
     for (CDbGroupObject *piece : document.pieces()) {
         if (Noms_Identiques(piece->name(), name))
-            return piece;
+            found.push_back(piece);
         known << piece->name();
     }
-    throw Refusal(QStringLiteral("There is no piece '%1'.%2").arg(name, nearest(name, known)));
+    if (found.size() == 1)
+        return found.front();
+    if (found.empty())
+        throw Refusal(QStringLiteral("There is no piece '%1'.%2").arg(name, nearest(name, known)));
+    throw Refusal(QStringLiteral("'%1' is ambiguous: %2 pieces bear this name.").arg(name).arg(found.size()));
 }
 
 void refuseTaken(const QString &kind, const QString &name)

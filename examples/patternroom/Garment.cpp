@@ -1,6 +1,7 @@
 #include "Garment.h"
 
 #include "Console.h"
+#include "FormulaText.h"
 #include "Refusal.h"
 
 #include <QFile>
@@ -35,11 +36,19 @@ QString bare(QString reason, const QString &path = QString())
     return reason;
 }
 
+// Why a file could not be written. Of a part that did not fit the system tells no reason.
+QString reasonOf(const QFileDevice &file)
+{
+    const QString reason = bare(file.errorString());
+    return reason == QLatin1String("Unknown error") ? QStringLiteral("there is no room for all of it")
+                                                    : reason;
+}
+
 QString formulasOf(BaseFrame *element)
 {
     QString text;
     for (TreeEquations *formula : {valueFormula(element), element->formulaLevel()})
-        text += (formula ? formula->toString() : QString()) + QLatin1Char('\n');
+        text += formulaText(formula) + QLatin1Char('\n');
     return text;
 }
 
@@ -65,9 +74,18 @@ void requireFormulasSurvive(const PatternDocument &document, const QByteArray &t
     }
 }
 
+// A device takes the text directly: there is nothing beside which a new file could be completed.
+void storeOnDevice(const FileText &wanted)
+{
+    QFile device(wanted.path);
+    if (!device.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        device.write(wanted.text) != wanted.text.size())
+        throw unwritable(wanted.path, reasonOf(device));
+}
+
 } // namespace
 
-DocumentPtr openDocument(const QString &path)
+DocumentPtr openDocument(const QString &path, QStringList *dropped)
 {
     if (QFileInfo(path).isDir())
         throw unreadable(path, QStringLiteral("it is a folder"));
@@ -75,38 +93,56 @@ DocumentPtr openDocument(const QString &path)
     DocumentReport report;
     if (!loadDocument(path, *document, &report))
         throw unreadable(path, bare(report.error, path));
+    if (dropped)
+        dropped->swap(report.dropped);
     for (const QString &lost : qAsConst(report.dropped))
         VorCoreApplication::instance().showMessage(QStringLiteral("%1: %2").arg(path, lost), QString(), 0);
     document->framesManager()->adjustFrameSetsANest();
     return document;
 }
 
-void storeDocument(const PatternDocument &document, const QString &path)
+FileText fileOf(const PatternDocument &document, const QString &path)
 {
     DocumentReport report;
     const QByteArray text = documentToText(document, &report);
     if (text.isEmpty())
         throw unwritable(path, bare(report.error));
     requireFormulasSurvive(document, text);
-    storeText(text, path);
+    return {path, text};
+}
+
+void storeFiles(const std::vector<FileText> &files)
+{
+    std::vector<std::unique_ptr<QSaveFile>> complete;
+    for (const FileText &wanted : files) {
+        const QFileInfo info(wanted.path);
+        if (info.isDir())
+            throw unwritable(wanted.path, QStringLiteral("it is a folder"));
+        if (info.exists() && !info.isFile()) {
+            storeOnDevice(wanted);
+            continue;
+        }
+        auto file = std::make_unique<QSaveFile>(wanted.path);
+        // Flushed here: of what is in the buffer until commit() it is not told when the disk is full.
+        if (!file->open(QIODevice::WriteOnly) || file->write(wanted.text) != wanted.text.size() ||
+            !file->flush())
+            throw unwritable(wanted.path, reasonOf(*file));
+        complete.push_back(std::move(file));
+    }
+    for (const std::unique_ptr<QSaveFile> &file : complete) {
+        if (!file->commit())
+            throw unwritable(file->fileName(), reasonOf(*file));
+    }
+}
+
+void storeDocument(const PatternDocument &document, const QString &path)
+{
+    storeFiles({fileOf(document, path)});
 }
 
 void storeText(const QByteArray &text, const QString &path)
 {
-    const QFileInfo info(path);
-    if (info.isDir())
-        throw unwritable(path, QStringLiteral("it is a folder"));
-    if (info.exists() && !info.isFile()) {
-        // A device takes the text directly: there is nothing beside which a new file could be completed.
-        QFile device(path);
-        if (!device.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || device.write(text) != text.size())
-            throw unwritable(path, bare(device.errorString()));
-        return;
-    }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() ||
-        !file.commit())
-        throw unwritable(path, bare(file.errorString()));
+    storeFiles({{path, text}});
 }
 
 QByteArray readText(const QString &path)

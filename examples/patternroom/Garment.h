@@ -17,11 +17,18 @@ namespace room
 
 using DocumentPtr = std::unique_ptr<VorSystem::PatternDocument>;
 
-/// Reads a document; what was dropped on the way is told on the console.
-DocumentPtr openDocument(const QString &path);
-/// Writes it, whole or not at all.
+/// Reads a document; what was dropped on the way is told on the console, or put into dropped.
+DocumentPtr openDocument(const QString &path, QStringList *dropped = nullptr);
+/// A file that is to be written.
+struct FileText {
+    QString path;
+    QByteArray text;
+};
+/// The file of a document; refuses one that could not be read again as it is.
+FileText fileOf(const VorSystem::PatternDocument &document, const QString &path);
+/// Writes files whole, and all of them or none.
+void storeFiles(const std::vector<FileText> &files);
 void storeDocument(const VorSystem::PatternDocument &document, const QString &path);
-/// Writes any other file in the same way.
 void storeText(const QByteArray &text, const QString &path);
 /// Reads a whole file.
 QByteArray readText(const QString &path);
@@ -48,6 +55,8 @@ struct Element {
 
 /// All elements, set by set: charts, centers, frames, links, segments, specs.
 std::vector<Element> elementsOf(const VorSystem::PatternDocument &document);
+/// Those of one kind, such as "frame"; all for an empty kind. Refuses a kind that is none.
+std::vector<Element> elementsOfKind(const VorSystem::PatternDocument &document, const QString &kind);
 /// The element at a place; it must be there.
 Element elementAt(const VorSystem::PatternDocument &document, const ElementPlace &place);
 

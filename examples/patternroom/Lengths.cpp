@@ -158,6 +158,15 @@ double lengthOf(const QString &text, const LengthStyle &style, const QString &wh
     return length;
 }
 
+double toleranceOf(const QString &text, const LengthStyle &style)
+{
+    const double tolerance = lengthOf(text, style, QStringLiteral("--tolerance"));
+    if (tolerance < 0.0)
+        throw Refusal(
+            QStringLiteral("%1 is out of range for --tolerance: it cannot be negative.").arg(text.trimmed()));
+    return tolerance;
+}
+
 VorSystem::QListEx<double> lengthsOf(const QString &text, const LengthStyle &style, int expected,
                                      const QString &what)
 {

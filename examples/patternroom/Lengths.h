@@ -30,6 +30,9 @@ LengthStyle lengthStyle(const QString &name);
 /// "38", "38.5 mm", "15 1/2 in". what names the value in a refusal.
 double lengthOf(const QString &text, const LengthStyle &style, const QString &what);
 
+/// A length that is not negative, for --tolerance.
+double toleranceOf(const QString &text, const LengthStyle &style);
+
 /// Lengths with semicolons between; refuses another count than expected.
 VorSystem::QListEx<double> lengthsOf(const QString &text, const LengthStyle &style, int expected,
                                      const QString &what);

@@ -1,5 +1,12 @@
 // Elements with their values per size, and the points of a piece.
 #include "Commands.h"
+#include "FormulaText.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cmath>
 
 namespace room
 {
@@ -13,9 +20,12 @@ namespace
 QString tieOf(const Element &element)
 {
     if (element.place.kind == Element_Link || element.place.kind == Element_Spec ||
-        element.place.kind == Element_MeasurementChart)
-        return element.element->isDefinedInDocument() ? QStringLiteral("defined")
-                                                      : QStringLiteral("undefined");
+        element.place.kind == Element_MeasurementChart) {
+        const TreeEquations *formula = valueFormula(element.element);
+        const bool isSound = !formula || vainNames(*formula).isEmpty();
+        return isSound && element.element->isDefinedInDocument() ? QStringLiteral("defined")
+                                                                 : QStringLiteral("undefined");
+    }
     const CDbGroupObject *piece = element.element->groupCorrespondent();
     if (!piece)
         return QStringLiteral("undefined");
@@ -36,64 +46,123 @@ QString linkOf(const Element &element)
     return QString();
 }
 
-QStringList stepsOf(const QStringList &head, const QListEx<double> &values, const LengthStyle &style)
+// One row of values of an element.
+struct ShownValues {
+    QString what; ///< "measure" or "level"
+    QListEx<double> list;
+    QString formula;
+};
+
+struct ShownElement {
+    QString path;
+    QString kind;
+    QString link;
+    QString tie;
+    std::vector<ShownValues> values;
+};
+
+ShownElement shown(const Element &element, const PatternDocument &document)
 {
-    QStringList cells = head;
-    cells << QString();
-    for (int size = 1; size < values.size(); ++size)
-        cells << style.showDifference(values.at(size) - values.at(size - 1));
-    return cells;
+    ShownElement result{element.path(), kindName(element.place.kind), linkOf(element), tieOf(element), {}};
+    if (const ValuesAccordingSizes *measures = element.element->getMeasureBySizes())
+        result.values.push_back({QStringLiteral("measure"), valuesOf(measures, document),
+                                 formulaText(valueFormula(element.element))});
+    if (const ValuesAccordingSizes *levels = element.element->getLevelBySizes())
+        result.values.push_back({QStringLiteral("level"), valuesOf(levels, document),
+                                 formulaText(element.element->formulaLevel())});
+    return result;
 }
 
-class ValueTable
+QListEx<double> stepsOf(const QListEx<double> &values)
 {
-public:
-    ValueTable(const PatternDocument &document, const ShowOptions &options)
-        : mDocument(document), mOptions(options), mTable(headings(document))
-    {
+    QListEx<double> steps;
+    for (int size = 1; size < values.size(); ++size)
+        steps.append(values.at(size) - values.at(size - 1));
+    return steps;
+}
+
+QString asTable(const std::vector<ShownElement> &elements, const PatternDocument &document,
+                const ShowOptions &options, eTableForm form)
+{
+    Table table(QStringList{QStringLiteral("element"), QStringLiteral("kind"), QStringLiteral("value")} +
+                sizeHeadings(document) +
+                QStringList{QStringLiteral("formula"), QStringLiteral("link"), QStringLiteral("tied to")});
+    for (const ShownElement &element : elements) {
+        if (element.values.empty()) {
+            QStringList cells{element.path, element.kind};
+            while (cells.size() < 5 + sizeCount(document))
+                cells << QString();
+            table.add(cells << element.tie);
+        }
+        bool isFirst = true;
+        for (const ShownValues &values : element.values) {
+            QStringList cells{element.path, element.kind, values.what};
+            for (const double value : values.list)
+                cells << options.style.show(value);
+            cells << values.formula;
+            table.add(isFirst ? cells << element.link << element.tie : cells);
+            isFirst = false;
+            if (!options.withSteps)
+                continue;
+            // A reader of a table sees whose steps they are; a program that reads CSV is told in each row.
+            QStringList steps{QString(), QString(), QStringLiteral("step")};
+            if (form == Table_Csv)
+                steps = QStringList{element.path, element.kind, QStringLiteral("step of ") + values.what};
+            steps << QString();
+            for (const double step : stepsOf(values.list))
+                steps << options.style.showDifference(step);
+            table.add(steps);
+        }
     }
+    return table.print(form);
+}
 
-    void add(const Element &element)
-    {
-        const TreeEquations *formula = valueFormula(element.element);
-        const bool hasMeasures = element.element->getMeasureBySizes() != nullptr;
-        QStringList values{element.path(), kindName(element.place.kind),
-                           hasMeasures ? QStringLiteral("measure") : QString()};
-        const QListEx<double> measures = valuesOf(element.element->getMeasureBySizes(), mDocument);
-        for (const double value : measures)
-            values << (hasMeasures ? mOptions.style.show(value) : QString());
-        values << (formula ? formula->toString() : QString()) << linkOf(element) << tieOf(element);
-        mTable.add(values);
-        if (mOptions.withSteps && hasMeasures)
-            mTable.add(stepsOf({QString(), QString(), QStringLiteral("step")}, measures, mOptions.style));
+// A number in the unit of the style; of inches in fractions, their text.
+QJsonValue jsonOf(double length, const LengthStyle &style)
+{
+    if (style.fractions)
+        return style.show(length);
+    const double fine = 1e4; // a micrometre, in centimetres
+    const double rounded = std::round(style.unit.fromCentimeter(length) * fine) / fine;
+    return rounded == 0.0 ? 0.0 : rounded;
+}
 
-        if (!element.element->getLevelBySizes())
-            return;
-        const TreeEquations *levelFormula = element.element->formulaLevel();
-        QStringList levels{element.path(), kindName(element.place.kind), QStringLiteral("level")};
-        const QListEx<double> list = valuesOf(element.element->getLevelBySizes(), mDocument);
-        for (const double value : list)
-            levels << mOptions.style.show(value);
-        levels << (levelFormula ? levelFormula->toString() : QString());
-        mTable.add(levels);
-        if (mOptions.withSteps)
-            mTable.add(stepsOf({QString(), QString(), QStringLiteral("step")}, list, mOptions.style));
+QJsonArray jsonOf(const QListEx<double> &lengths, const LengthStyle &style)
+{
+    QJsonArray array;
+    for (const double length : lengths)
+        array.append(jsonOf(length, style));
+    return array;
+}
+
+QString asJson(const std::vector<ShownElement> &elements, const PatternDocument &document,
+               const ShowOptions &options)
+{
+    QJsonArray array;
+    for (const ShownElement &element : elements) {
+        QJsonObject object{{QStringLiteral("element"), element.path},
+                           {QStringLiteral("kind"), element.kind},
+                           {QStringLiteral("tied to"), element.tie}};
+        if (!element.link.isEmpty())
+            object.insert(QStringLiteral("link"), element.link);
+        for (const ShownValues &values : element.values) {
+            QJsonObject list{{QStringLiteral("values"), jsonOf(values.list, options.style)}};
+            if (options.withSteps)
+                list.insert(QStringLiteral("steps"), jsonOf(stepsOf(values.list), options.style));
+            if (!values.formula.isEmpty())
+                list.insert(QStringLiteral("formula"), values.formula);
+            object.insert(values.what, list);
+        }
+        array.append(object);
     }
-
-    QString print() const { return mTable.print(tableForm(mOptions.form)); }
-
-private:
-    static QStringList headings(const PatternDocument &document)
-    {
-        return QStringList{QStringLiteral("element"), QStringLiteral("kind"), QStringLiteral("value")} +
-               sizeHeadings(document) +
-               QStringList{QStringLiteral("formula"), QStringLiteral("link"), QStringLiteral("tied to")};
-    }
-
-    const PatternDocument &mDocument;
-    const ShowOptions &mOptions;
-    Table mTable;
-};
+    QJsonObject whole{{QStringLiteral("document"), document.name()},
+                      {QStringLiteral("unit"), options.style.sign()},
+                      {QStringLiteral("sizes"), QJsonArray::fromStringList(document.sizeNames())},
+                      {QStringLiteral("elements"), array}};
+    if (GradationData::hasNest(document.gradationData()))
+        whole.insert(QStringLiteral("nest"), document.sizeNames().at(nestIndex(document)));
+    return QString::fromUtf8(QJsonDocument(whole).toJson());
+}
 
 QString placeInWords(const CDbPointVOR &point, const CDbGroupObject &piece)
 {
@@ -109,15 +178,33 @@ QString placeInWords(const CDbPointVOR &point, const CDbGroupObject &piece)
     }
 }
 
-QString pointsTable(const PatternDocument &document, const ShowOptions &options)
+QString pointName(const CDbPointVOR &point)
 {
-    const CDbGroupObject *piece = findPiece(document, options.points);
+    return QLatin1Char('#') + QString::number(point.Num_ID().number());
+}
+
+QString pointsAsTable(const CDbGroupObject &piece, const LengthStyle &style, eTableForm form)
+{
     Table table({QStringLiteral("point"), QStringLiteral("what"), QStringLiteral("x"), QStringLiteral("y")});
-    for (const CDbPointVOR *point : pointsOf(piece)) {
-        table.add({QLatin1Char('#') + QString::number(point->Num_ID().number()), placeInWords(*point, *piece),
-                   options.style.show(point->x()), options.style.show(point->y())});
+    for (const CDbPointVOR *point : pointsOf(&piece))
+        table.add(
+            {pointName(*point), placeInWords(*point, piece), style.show(point->x()), style.show(point->y())});
+    return table.print(form);
+}
+
+QString pointsAsJson(const CDbGroupObject &piece, const LengthStyle &style)
+{
+    QJsonArray points;
+    for (const CDbPointVOR *point : pointsOf(&piece)) {
+        points.append(QJsonObject{{QStringLiteral("point"), pointName(*point)},
+                                  {QStringLiteral("what"), placeInWords(*point, piece)},
+                                  {QStringLiteral("x"), jsonOf(point->x(), style)},
+                                  {QStringLiteral("y"), jsonOf(point->y(), style)}});
     }
-    return table.print(tableForm(options.form));
+    const QJsonObject whole{{QStringLiteral("piece"), piece.name()},
+                            {QStringLiteral("unit"), style.sign()},
+                            {QStringLiteral("points"), points}};
+    return QString::fromUtf8(QJsonDocument(whole).toJson());
 }
 
 QString overview(const PatternDocument &document, const LengthStyle &style)
@@ -125,8 +212,11 @@ QString overview(const PatternDocument &document, const LengthStyle &style)
     QStringList pieces;
     for (const CDbGroupObject *piece : document.pieces())
         pieces << (piece->isLocked() ? piece->name() + QLatin1String(" (locked)") : piece->name());
-    return QStringLiteral("%1: sizes %2, in %3\nPieces: %4\n")
-        .arg(document.name(), sizeHeadings(document).join(QLatin1Char(' ')), style.sign(),
+    const QString sizes = document.sizeNames().isEmpty()
+                              ? QStringLiteral("one size")
+                              : QStringLiteral("sizes ") + sizeHeadings(document).join(QLatin1Char(' '));
+    return QStringLiteral("%1: %2, in %3\nPieces: %4\n")
+        .arg(document.name().isEmpty() ? QStringLiteral("No name") : document.name(), sizes, style.sign(),
              pieces.isEmpty() ? QStringLiteral("none") : pieces.join(QStringLiteral(", ")));
 }
 
@@ -134,26 +224,34 @@ QString overview(const PatternDocument &document, const LengthStyle &style)
 
 int show(const ShowOptions &options)
 {
+    const bool isJson = options.form == QLatin1String("json");
+    const eTableForm form = options.form == QLatin1String("csv") ? Table_Csv : Table_Text;
+    if (!isJson && form != Table_Csv && options.form != QLatin1String("table"))
+        throw Refusal(QStringLiteral("There is no form '%1': choose table, csv or json.").arg(options.form),
+                      Exit_Usage);
     const DocumentPtr document = openDocument(options.document);
-    const eTableForm form = tableForm(options.form);
     if (!options.points.isEmpty()) {
-        options.console->print(pointsTable(*document, options));
+        const CDbGroupObject &piece = *findPiece(*document, options.points);
+        options.console->print(isJson ? pointsAsJson(piece, options.style)
+                                      : pointsAsTable(piece, options.style, form));
         return Exit_Done;
     }
 
-    ValueTable table(*document, options);
+    std::vector<ShownElement> elements;
     if (options.element.isEmpty()) {
-        if (form == Table_Text)
-            options.console->print(overview(*document, options.style));
-        const std::vector<Element> elements = elementsOf(*document);
-        for (const Element &element : elements)
-            table.add(element);
-        if (elements.empty() && form == Table_Text)
-            return Exit_Done;
+        for (const Element &element : elementsOfKind(*document, options.kind))
+            elements.push_back(shown(element, *document));
     } else {
-        table.add(findElement(*document, options.element, options.kind));
+        elements.push_back(shown(findElement(*document, options.element, options.kind), *document));
     }
-    options.console->print(table.print());
+    if (isJson) {
+        options.console->print(asJson(elements, *document, options));
+        return Exit_Done;
+    }
+    if (options.element.isEmpty() && form == Table_Text)
+        options.console->print(overview(*document, options.style));
+    if (!elements.empty() || form == Table_Csv)
+        options.console->print(asTable(elements, *document, options, form));
     return Exit_Done;
 }
 

@@ -1,5 +1,6 @@
 #include "Snapshot.h"
 
+#include "FormulaText.h"
 #include "Table.h"
 
 #include <algorithm>
@@ -46,11 +47,6 @@ QListEx<double> farthestWays(const PiecePlaces &before, const PiecePlaces &after
     return farthest;
 }
 
-QString textOf(const TreeEquations *formula)
-{
-    return formula ? formula->toString() : QString();
-}
-
 } // namespace
 
 QString LostFormula::shown() const
@@ -86,8 +82,8 @@ Snapshot snapshotOf(const PatternDocument &document)
             values.measures = measures->mValues;
         if (const ValuesAccordingSizes *levels = element.element->getLevelBySizes())
             values.levels = levels->mValues;
-        values.formula = textOf(valueFormula(element.element));
-        values.levelFormula = textOf(element.element->formulaLevel());
+        values.formula = formulaText(valueFormula(element.element));
+        values.levelFormula = formulaText(element.element->formulaLevel());
         snapshot.elements.push_back(values);
     }
     for (const CDbGroupObject *piece : document.pieces())

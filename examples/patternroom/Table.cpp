@@ -1,11 +1,5 @@
 #include "Table.h"
 
-#include "Refusal.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
 #include <algorithm>
 
 namespace room
@@ -35,7 +29,6 @@ QString Table::print(eTableForm form) const
     switch (form) {
     case Table_Text: return asText();
     case Table_Csv: return asCsv();
-    case Table_Json: return asJson();
     }
     return QString();
 }
@@ -88,29 +81,6 @@ QString Table::asCsv() const
     for (const QStringList &row : mRows)
         text += line(row);
     return text;
-}
-
-QString Table::asJson() const
-{
-    QJsonArray rows;
-    for (const QStringList &row : mRows) {
-        QJsonObject object;
-        for (int column = 0; column < mHeadings.size(); ++column)
-            object.insert(mHeadings.at(column), row.at(column));
-        rows.append(object);
-    }
-    return QString::fromUtf8(QJsonDocument(rows).toJson());
-}
-
-eTableForm tableForm(const QString &name)
-{
-    if (name == QLatin1String("table"))
-        return Table_Text;
-    if (name == QLatin1String("csv"))
-        return Table_Csv;
-    if (name == QLatin1String("json"))
-        return Table_Json;
-    throw Refusal(QStringLiteral("There is no form '%1': choose table, csv or json.").arg(name), Exit_Usage);
 }
 
 } // namespace room

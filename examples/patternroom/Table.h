@@ -1,4 +1,4 @@
-// Results in rows and columns: aligned text, CSV or JSON.
+// Results in rows and columns: aligned text or CSV.
 #pragma once
 
 #include <QStringList>
@@ -11,7 +11,6 @@ namespace room
 enum eTableForm {
     Table_Text,
     Table_Csv,
-    Table_Json,
 };
 
 class Table
@@ -24,19 +23,15 @@ public:
     bool isEmpty() const { return mRows.empty(); }
 
     /// Text: words to the left, numbers to the right, two blanks between. CSV: semicolons, quotes where
-    /// needed. JSON: an object per row.
+    /// needed.
     QString print(eTableForm form) const;
 
 private:
     QString asText() const;
     QString asCsv() const;
-    QString asJson() const;
 
     QStringList mHeadings;
     std::vector<QStringList> mRows;
 };
-
-/// The form called table, csv or json; refuses any other name.
-eTableForm tableForm(const QString &name);
 
 } // namespace room

@@ -3,6 +3,8 @@
 
 #include <VorConjoin/VorConjoin.h>
 
+#include <QFileInfo>
+
 namespace room
 {
 
@@ -11,25 +13,50 @@ using namespace VorSystem;
 namespace
 {
 
+bool standsOn(const CDbGroupObject &piece, const FrameSet *set)
+{
+    for (GabaritObject *outline = piece.firstGabarit(); outline; outline = outline->mNextGabarit) {
+        const ControlSkeleton *skeleton = outline->controlSkeleton();
+        if (skeleton && skeleton->getFrameSet() == set)
+            return true;
+    }
+    return false;
+}
+
 std::vector<CDbGroupObject *> chosenPieces(const PatternDocument &source, const TransferOptions &options)
 {
     const FrameSet *set = options.set.isEmpty() ? nullptr : findSet(source, options.set);
     std::vector<CDbGroupObject *> pieces;
-    for (const QString &name : options.pieces.split(QLatin1Char(';'), Qt::SkipEmptyParts))
-        pieces.push_back(findPiece(source, name.trimmed()));
-    if (!pieces.empty())
+    for (const QString &name : options.pieces.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        CDbGroupObject *piece = findPiece(source, name.trimmed());
+        if (set && !standsOn(*piece, set))
+            throw Refusal(
+                QStringLiteral("No element of '%1' is on the piece '%2'.").arg(set->name(), piece->name()));
+        pieces.push_back(piece);
+    }
+    if (!options.pieces.isEmpty())
         return pieces;
     for (CDbGroupObject *piece : source.pieces()) {
-        bool belongs = set == nullptr;
-        for (GabaritObject *outline = piece->firstGabarit(); outline && !belongs;
-             outline = outline->mNextGabarit) {
-            const ControlSkeleton *skeleton = outline->controlSkeleton();
-            belongs = skeleton && skeleton->getFrameSet() == set;
-        }
-        if (belongs)
+        if (!set || standsOn(*piece, set))
             pieces.push_back(piece);
     }
     return pieces;
+}
+
+void requirePlaces(const TransferOptions &options)
+{
+    requireTarget(options);
+    if (options.renamesSource && options.sourceOutput.isEmpty())
+        throw Refusal(
+            QStringLiteral("--rename-source needs --source-out FILE for the source with its new names."),
+            Exit_Usage);
+    if (!options.renamesSource && !options.sourceOutput.isEmpty())
+        throw Refusal(QStringLiteral("--source-out is for a source that --rename-source gives new names."),
+                      Exit_Usage);
+    const QString target = options.isInPlace ? options.document : options.output;
+    if (QFileInfo(options.sourceOutput).absoluteFilePath() == QFileInfo(target).absoluteFilePath())
+        throw Refusal(QStringLiteral("'%1' cannot take both the source and the result.").arg(target),
+                      Exit_Usage);
 }
 
 QString inWords(const TransferReceipt &receipt)
@@ -66,11 +93,7 @@ QString inWords(const TransferReceipt &receipt)
 
 int transfer(const TransferOptions &options)
 {
-    requireTarget(options);
-    if (options.renamesSource && options.sourceOutput.isEmpty())
-        throw Refusal(
-            QStringLiteral("--rename-source needs --source-out FILE for the source with its new names."),
-            Exit_Usage);
+    requirePlaces(options);
     const DocumentPtr source = openDocument(options.source);
     const DocumentPtr target = openDocument(options.document);
     TransferWish wish;
@@ -80,9 +103,10 @@ int transfer(const TransferOptions &options)
     const TransferReceipt receipt = transferPieces(*source, chosenPieces(*source, options), *target, wish);
     if (receipt.isRefused())
         throw Refusal(QStringLiteral("Nothing was transferred: %1").arg(receipt.refusal));
+    std::vector<FileText> files{fileOf(*target, options.isInPlace ? options.document : options.output)};
     if (options.renamesSource)
-        storeDocument(*source, options.sourceOutput);
-    store(options, *target);
+        files.push_back(fileOf(*source, options.sourceOutput));
+    storeFiles(files);
     options.console->print(inWords(receipt));
     return Exit_Done;
 }

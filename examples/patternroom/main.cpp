@@ -4,11 +4,9 @@
 #include "Console.h"
 #include "Refusal.h"
 
-#include <VorFrames/Errors.h>
-
 #include <QCoreApplication>
 
-#include <exception>
+#include <csignal>
 
 using namespace room;
 
@@ -34,7 +32,8 @@ int fail(Console &console, const QString &sentence, int exit)
 
 int main(int argc, char **argv)
 {
-    char name[] = "patternroom"; // Qt gets no options: all of them are those of the commands
+    std::signal(SIGXFSZ, SIG_IGN); // a limit of file sizes is told like a full disk
+    char name[] = "patternroom";   // Qt gets no options: all of them are those of the commands
     char *names[] = {name, nullptr};
     int count = 1;
     const QCoreApplication application(count, names);
@@ -47,8 +46,5 @@ int main(int argc, char **argv)
     } catch (const Refusal &refusal) {
         Console::writeOut(refusal.findings());
         return fail(console, refusal.sentence(), refusal.exit());
-    } catch (const std::exception &error) {
-        // A broken precondition of the library: nothing was written.
-        return fail(console, QString::fromUtf8(error.what()), Exit_Refused);
     }
 }

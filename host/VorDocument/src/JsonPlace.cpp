@@ -30,7 +30,8 @@ void JsonPlace::fail(const char *fault) const
 {
     const QString words = QString::fromUtf8(fault);
     const QString where = path();
-    throw JsonFault((where.isEmpty() ? words : where + QStringLiteral(": ") + words).toStdString());
+    const QString what = where.isEmpty() ? QStringLiteral("The text ") : where + QStringLiteral(": ");
+    throw JsonFault((what + words).toStdString());
 }
 
 QString JsonPlace::path() const
