@@ -215,6 +215,45 @@ TEST(Ownership, aVectorInUseIsNotGivenAway)
     EXPECT_FALSE(piece.group->groupTakeVector(piece.dart->mPivotVector));
 }
 
+TEST(Ownership, nothingIsPutIntoTheMouthOfADart)
+{
+    const Piece piece = support::bodiceWithDart();
+    CDbPointVOR *extra = CDbPointVOR::newVectorObject();
+    EXPECT_FALSE(piece.gabarit->insertContourVector(extra, piece.at(1)));
+    EXPECT_FALSE(piece.gabarit->insertContourVector(extra, piece.at(2)));
+    EXPECT_TRUE(piece.gabarit->insertContourVector(extra, piece.at(3)));
+
+    // A mouth without cap, from the last vector of the contour to its first.
+    const Piece plain = support::rectangle();
+    CDbPointVOR *pivot = plain.group->addOwnVector(GeoPoint2D(20, 30));
+    ASSERT_NE(plain.group->addDart(plain.gabarit, plain.at(-1), nullptr, plain.at(0), pivot), nullptr);
+    CDbPointVOR *more = CDbPointVOR::newVectorObject();
+    EXPECT_FALSE(plain.gabarit->gabaritAddContourVector(more, nullptr));
+    EXPECT_EQ(plain.gabarit->addContourVector(GeoPoint2D(1, 1)), nullptr);
+    EXPECT_TRUE(plain.gabarit->insertContourVector(more, plain.at(0)));
+    const std::unique_ptr<CDbGroupObject> copy(plain.group->copy());
+    EXPECT_NE(copy->firstGabarit()->mFirstDart, nullptr);
+}
+
+TEST(Ownership, aHandleBelongsToOneCurve)
+{
+    const Piece piece = support::rectangle(40.0, 60.0, 2);
+    CDbPointVOR *a = piece.group->addOwnVector(GeoPoint2D(1, 1), Vector_Handle);
+    CDbPointVOR *b = piece.group->addOwnVector(GeoPoint2D(2, 2), Vector_Handle);
+    const std::vector<CDbPointVOR *> lower = {piece.at(0), piece.at(1), piece.at(2)};
+    const std::vector<CDbPointVOR *> right = {piece.at(2), piece.at(3), piece.at(4)};
+    EXPECT_EQ(piece.group->addCurve(lower, a, a), nullptr);
+    EXPECT_EQ(piece.group->addCurve({a, piece.at(1)}, a, b), nullptr);
+    EXPECT_EQ(piece.group->addCurve(lower, piece.at(4), b), nullptr); // on the contour
+    ASSERT_NE(piece.group->addCurve(lower, a, nullptr), nullptr);
+    EXPECT_EQ(piece.group->addCurve(right, b, a), nullptr);
+    ASSERT_NE(piece.group->addCurve(right, nullptr, b), nullptr);
+
+    // Both handles go with the contour that their curves lay on.
+    EXPECT_TRUE(piece.group->destroyGabarit(piece.gabarit));
+    EXPECT_TRUE(piece.group->ownVectors().empty());
+}
+
 TEST(Ownership, aDestroyedGabaritTakesEverythingAlongThatRestsOnIt)
 {
     const Piece piece = support::mirroredBack();

@@ -15,6 +15,23 @@
 namespace VorSystem
 {
 
+namespace
+{
+
+// Between the vectors of a dart's mouth nothing is put: they stay neighbours.
+bool isMouthEdge(const GabaritObject &gabarit, const CDbPointVOR *from, const CDbPointVOR *to)
+{
+    for (const DartContour *dart = gabarit.mFirstDart; dart; dart = dart->mNextDart) {
+        const short role = dart->roleOf(from);
+        const short next = role == Dart_FirstLeg && dart->pICGetVector(Dart_Cap) ? Dart_Cap : Dart_SecondLeg;
+        if ((role == Dart_FirstLeg || role == Dart_Cap) && dart->pICGetVector(next) == to)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
 GabaritObject::GabaritObject() : mContour(VectorChain::Circular, &mFirstVector, this, nullptr) {}
 
 GabaritObject::~GabaritObject()
@@ -50,7 +67,9 @@ ControlSkeleton *GabaritObject::controlSkeleton()
 
 bool GabaritObject::gabaritAddContourVector(CDbPointVOR *v, CDbGroupObject *group)
 {
-    if ((group && mGroup && group != mGroup) || !mContour.append(v))
+    const bool isOtherGroup = group && mGroup && group != mGroup;
+    if (isOtherGroup || isMouthEdge(*this, mContour.at(mContour.count()), mFirstVector) ||
+        !mContour.append(v))
         return false;
     if (mGroup)
         mGroup->enroll(v);
@@ -72,7 +91,7 @@ CDbPointVOR *GabaritObject::addContourVector(const GeoPoint2D &place, int kind, 
 bool GabaritObject::insertContourVector(CDbPointVOR *v, const CDbPointVOR *behind)
 {
     const short index = mContour.indexOf(behind);
-    if (index == 0 || !mContour.insert(v, index))
+    if (index == 0 || isMouthEdge(*this, behind, neighbor(behind, true)) || !mContour.insert(v, index))
         return false;
     if (mGroup)
         mGroup->enroll(v);

@@ -125,9 +125,17 @@ LineObject *CDbGroupObject::addCurve(const std::vector<CDbPointVOR *> &points, C
 {
     const bool isInGroup =
         std::all_of(points.begin(), points.end(), [&](const CDbPointVOR *point) { return holds(point); });
-    const bool areHandlesOwn =
-        (!firstHandle || isGroupVector(firstHandle)) && (!lastHandle || isGroupVector(lastHandle));
-    if (points.size() < 2 || points.size() > VectorChain::MaxCount || !isInGroup || !areHandlesOwn)
+    // A handle follows one curve, and dies with it.
+    const auto isFree = [&](const CDbPointVOR *handle) {
+        return isGroupVector(handle) && std::find(points.begin(), points.end(), handle) == points.end() &&
+               std::none_of(mLines.begin(), mLines.end(), [&](const LineObject *line) {
+                   return line->linkIsCurve() && line->getCurveLine()->isHandle(handle);
+               });
+    };
+    const bool areHandlesFree = (!firstHandle || isFree(firstHandle)) &&
+                                (!lastHandle || isFree(lastHandle)) &&
+                                (!firstHandle || firstHandle != lastHandle);
+    if (points.size() < 2 || points.size() > VectorChain::MaxCount || !isInGroup || !areHandlesFree)
         return nullptr;
     for (std::size_t place = 1; place + 1 < points.size(); ++place) {
         if (points[place]->mVectorKind == Vector_Corner)

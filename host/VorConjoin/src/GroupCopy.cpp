@@ -86,13 +86,14 @@ CDbGroupObject *CDbGroupObject::copy() const
             twin->mPleats.push_back(
                 {vectors.of(pleat.vector), vectors.of(pleat.a), vectors.of(pleat.b), pleat.u});
         for (const DartContour *dart = gabarit->mFirstDart; dart; dart = dart->mNextDart) {
-            auto *copied = new DartContour(
+            auto copied = std::make_unique<DartContour>(
                 vectors.of(dart->pICGetVector(Dart_FirstLeg)), vectors.of(dart->pICGetVector(Dart_Cap)),
                 vectors.of(dart->pICGetVector(Dart_SecondLeg)), vectors.of(dart->mPivotVector));
             copied->mLegs = {lines.ofAll(dart->leg(0)), lines.ofAll(dart->leg(1))};
             copied->mLegsMadeEqual = dart->mLegsMadeEqual;
             copied->takeLegShapesOf(*dart);
-            twin->addDart(copied);
+            if (twin->addDart(copied.get()))
+                copied.release(); // NOLINT(bugprone-unused-return-value): the gabarit owns it from here on
         }
         twin = twin->mNextGabarit;
     }

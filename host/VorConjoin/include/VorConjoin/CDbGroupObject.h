@@ -67,7 +67,7 @@ public:
     LineObject *addLine(CDbPointVOR *a, CDbPointVOR *b);
     /// A curve through vectors of the group (two or more) with new handles; null otherwise.
     LineObject *addCurve(const std::vector<CDbPointVOR *> &points);
-    /// The same with handles that are own vectors already.
+    /// The same with handles that are own vectors already, and no point of this nor handle of another curve.
     LineObject *addCurve(const std::vector<CDbPointVOR *> &points, CDbPointVOR *firstHandle,
                          CDbPointVOR *lastHandle);
 

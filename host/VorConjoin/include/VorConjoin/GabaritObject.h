@@ -72,12 +72,12 @@ public:
     // --------------------------------------------------------------------------------------------------
 
     /// Appends v and takes ownership. Null group for temporaries; within a group the vector gets an identity.
-    /// False, and v stays the caller's, for null, an owned vector, another group than the gabarit's or a full
-    /// contour.
+    /// False, and v stays the caller's, for null, an owned vector, another group than the gabarit's, a full
+    /// contour, or one whose first and last vector are neighbours in the mouth of a dart.
     bool gabaritAddContourVector(CDbPointVOR *v, CDbGroupObject *group);
-    /// A new vector behind the last one; null when the contour is full.
+    /// A new vector behind the last one; null when none may be appended.
     CDbPointVOR *addContourVector(const GeoPoint2D &place, int kind = 0, const RegularSteps *steps = nullptr);
-    /// Puts v on the contour behind another vector of it.
+    /// Puts v on the contour behind another vector of it, but not into the mouth of a dart.
     bool insertContourVector(CDbPointVOR *v, const CDbPointVOR *behind);
     /// Takes v off the contour and gives it to the caller, unless a dart, curve, line, pair or mark of the
     /// group uses it.
