@@ -18,9 +18,11 @@ void PieceLaw::Destroy::operator()(CDbGroupObject *piece) const
 void PieceLaw::SetUp()
 {
     gradation = hostUnderTest().gradation();
+    ASSERT_NE(gradation, nullptr);
     sizes = gradation->gradationNum();
     nest = gradation->mediumIndex();
     group = keep(hostUnderTest().makePiece(GetParam()));
+    ASSERT_NE(group, nullptr);
     IteratorGabarit gabarits(group);
     ASSERT_TRUE(gabarits.next(gabarit));
 }
@@ -129,8 +131,8 @@ void PieceLaw::expectNear(const std::vector<Places> &a, const std::vector<Places
     for (std::size_t size = 0; size < a.size(); ++size) {
         ASSERT_EQ(a[size].size(), b[size].size());
         for (std::size_t place = 0; place < a[size].size(); ++place) {
-            EXPECT_NEAR(a[size][place].x(), b[size][place].x(), tolerance) << "size " << size + 1;
-            EXPECT_NEAR(a[size][place].y(), b[size][place].y(), tolerance) << "size " << size + 1;
+            EXPECT_NEAR(a[size][place].distance(b[size][place]), 0.0, tolerance)
+                << "vector " << place + 1 << " of the walk, size " << size + 1;
         }
     }
 }

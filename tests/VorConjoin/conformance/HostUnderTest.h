@@ -1,7 +1,7 @@
 // The host whose rules are tested: what the conformance suite needs of it beside the operations themselves.
 //
 // The maker of another host writes one class and defines hostUnderTest(), builds the suite against his own
-// headers and links it: the tests in this folder use nothing else of a host than its public operations.
+// headers and links it: the tests in this folder call of a host only what the library calls as well.
 #pragma once
 
 #include <VorConjoin/VorConjoin.h>
@@ -20,19 +20,21 @@ namespace conformance
 constexpr auto kEveryVector = static_cast<VorSystem::IteratorVectorG::eTypeIterator>(0);
 constexpr auto kAnchorsOnly = static_cast<VorSystem::IteratorVectorG::eTypeIterator>(1);
 
-/// Makes the pieces on which the rules are tested.
+/// Makes the pieces on which the rules are tested; each test makes its own.
 class HostUnderTest
 {
 public:
     virtual ~HostUnderTest() = default;
 
-    /// Names of the pieces; at least one with a dart of equal legs and one with a mirror.
+    /// Names of the pieces, letters and digits alone; among them one with a dart of equal legs, one with a
+    /// mirror and one with a curve on its contour.
     virtual std::vector<std::string> pieces() const = 0;
     /// A new piece, consistent in every size: a rebuild has nothing to do. Its first gabarit has three or
     /// more anchors.
     virtual VorSystem::CDbGroupObject *makePiece(const std::string &name) = 0;
     /// A copy with the same order, indices and identities.
     virtual VorSystem::CDbGroupObject *copyPiece(const VorSystem::CDbGroupObject *piece) = 0;
+    /// Ends a piece that one of the two made.
     virtual void destroyPiece(VorSystem::CDbGroupObject *piece) = 0;
     /// The gradation of all pieces: three sizes or more, the nest neither the first nor the last.
     virtual const VorSystem::GradationData *gradation() const = 0;

@@ -1,6 +1,6 @@
 // The reference host as the suite's first client.
 
-#include "HostUnderTest.h"
+#include <conformance/HostUnderTest.h>
 
 #include <support/Pieces.h>
 
