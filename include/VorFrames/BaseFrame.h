@@ -38,15 +38,21 @@ class XJsonObject;
 class VORFRAMES_EXPORT BaseFrame
 {
 public:
+    /// An element in no set. Any name is taken, the empty one too.
     explicit BaseFrame(const QString &name);
+    /// Copy every field as it stands.
+    ///@{
     BaseFrame(const BaseFrame &other) = default;
     BaseFrame &operator=(const BaseFrame &other) = default;
+    ///@}
 
     /// The element without its name, as its set stores it.
     virtual XJsonObject toJson() const = 0;
-    /// Takes from object what toJson() wrote; a missing key reads as 0, false or empty.
+    /// Takes from object what toJson() wrote; a missing key reads as 0, false or empty. Values are appended
+    /// to what the element holds: reading is meant for a new one.
     virtual void fromJson(const XJsonObject &object) = 0;
     virtual ~BaseFrame();
+    /// The kind of element; the library casts by it, so a derived class keeps that of its base.
     virtual eElementFrameType elementType() = 0;
     /// The name by which formulas refer to the element.
     virtual QString fullName();
@@ -64,39 +70,59 @@ public:
     /// The same for the nest alone.
     virtual bool applyValues(const double *measure, const double *level, bool *refused);
 
+    /// May this kind of element have such a formula, whether or not there is one? Measure: frames, segments
+    /// and links; level: frames and links.
+    ///@{
     virtual bool measurementFormulaAvailable();
     virtual bool formulaLevelAvailable();
-    /// True when the measures follow a formula that stands elsewhere.
+    ///@}
+    /// Does a formula of the element's link, or of the link itself, drive these values? False for other
+    /// kinds.
+    ///@{
     virtual bool aFormulaImplicitMeasures();
-    /// True when the levels follow a formula that stands elsewhere.
     virtual bool aFormulaImplicitLevel();
-    /// The formulas, owned by the element; null when there is none.
+    ///@}
+    /// The formula, owned by the element; null when there is none.
+    ///@{
     virtual TreeEquations *measurementFormula();
     virtual TreeEquations *formulaLevel();
     virtual TreeEquations *formulaSpec();
+    ///@}
     /// Takes ownership of the formula and deletes the one it replaces; null removes it. A class without such
     /// a formula does nothing, and the caller keeps the ownership.
+    ///@{
     virtual void setFormulaMeasurement(TreeEquations *formula);
     virtual void setFormulaLevel(TreeEquations *formula);
     virtual void setFormulaSpec(TreeEquations *formula);
+    ///@}
 
+    /// Brings the frames of a link to its level; true when that could be done. False for any other element.
     virtual bool adjustFramesSameLevel(eFrameReevaluate mode);
 
-    /// One value of the measure: by the formula where there is one, else read from the geometry. False, with
-    /// value untouched, when neither gives one.
+    /// One value of the measure, size -1 being the nest: by the formula where there is one, else read from
+    /// the geometry. False, with value untouched, when neither gives one.
     virtual bool evaluateMeasurement(short size, double &value);
+    /// The same from the geometry alone; size -1 is the piece as it stands. False when no piece uses the
+    /// element.
     virtual bool evaluateMeasurementObject(short size, double &value);
+    /// The same by the formula alone; false when there is none.
     virtual bool evaluateMeasurementFormula(short size, double &value);
-    /// All values of the measure, into a list that the caller has sized.
+    /// All values of the measure, chosen likewise, into a list that the caller has given its length.
     virtual bool evaluateMeasures(const GradationData *gradation, QListEx<double> &values);
+    /// The same from the geometry alone, which replaces the list by one of its own length: a value per size,
+    /// or a single one without a nest.
     virtual bool evaluateMeasuresObject(const GradationData *gradation, QListEx<double> &values);
+    /// The same by the formula alone, one value per place of the list; false when there is none.
     virtual bool evaluateMeasuresFormula(QListEx<double> &values);
+    /// The level, as the operation of the like name does the measure. Only frames and links have levels.
+    ///@{
     virtual bool evaluateLevel(short size, double &value);
     virtual bool evaluateLevelObject(short size, double &value);
     virtual bool evaluateLevelFormula(short size, double &value);
     virtual bool evaluateLevels(const GradationData *gradation, QListEx<double> &values);
     virtual bool evaluateLevelsObject(const GradationData *gradation, QListEx<double> &values);
     virtual bool evaluateLevelsFormula(QListEx<double> &values);
+    ///@}
 
     /// The control object that ties the element to a piece, or null. Walks the document at each call: with a
     /// group mapping in force only the mapped groups, otherwise all groups of the plan.
@@ -107,35 +133,53 @@ public:
     /// Brings the stored values into line with formulas and geometry; true when something changed or would
     /// change.
     virtual bool reevaluate(eFrameReevaluate mode);
+    /// Brings what depends on element into line; true when something changed or would change. A set alone
+    /// does this, any other element answers false.
     virtual bool reevaluateUnder(BaseFrame *element, eFrameReevaluate mode);
-    /// Raises AssertionError when the document has no gradation.
+    /// The same for one of the two lists. An element without it, or one that no piece uses and that has
+    /// values but no formula, keeps what it has and answers false. Raises AssertionError when the document
+    /// has no gradation.
     virtual bool reevaluateElement(eEvaluationType type, eFrameReevaluate mode);
 
     /// Gives the element new values and lets the geometry follow by action; true on success. The lists may be
     /// changed on the way.
     virtual bool applyMeasuresLevels(ValuesAccordingSizes &measures, ValuesAccordingSizes &levels,
                                      const GradationData *gradation, eModifyLevelActionType action);
+    /// The same for one of the two lists alone. Frames and links take both, segments measures; everything
+    /// else answers true with nothing done.
+    ///@{
     virtual bool applyMeasures(ValuesAccordingSizes &measures, const GradationData *gradation,
                                eModifyLevelActionType action);
     virtual bool applyLevels(ValuesAccordingSizes &levels, const GradationData *gradation,
                              eModifyLevelActionType action);
+    ///@}
 
+    /// Does a piece of the document use the element? Asked of the document at each call.
     virtual bool isDefinedInDocument();
     /// May the element be deleted? With report, a refusal is shown to the user.
     virtual bool canBeDestroyed(bool report);
+    /// May the element go when a set is cleared of what no piece uses? Tells the user nothing.
     virtual bool canBeDestroyedInBatch() = 0;
 
-    /// Adds to list what the measure is computed from, each evaluation once.
+    /// Adds to list what the value is computed from, each evaluation once: what its formula names, else the
+    /// link whose formula drives a frame, or the frames of a link.
+    ///@{
     virtual void addEvaluationUsedInMeasurement(QListEx<Evaluation> &list);
     virtual void addEvaluationUsedInLevel(QListEx<Evaluation> &list);
-    /// Adds to pending what the element refers to without a formula of its own, unless it is in done.
+    ///@}
+    /// Adds to pending what the element refers to without a formula of its own, unless it is in done: a frame
+    /// its link, a link its frames.
+    ///@{
     virtual void addReferencesImplicitInMeasuresList(QListEx<BaseFrame *> &pending,
                                                      QListEx<BaseFrame *> &done);
     virtual void addReferencesImplicitInLevelList(QListEx<BaseFrame *> &pending, QListEx<BaseFrame *> &done);
+    ///@}
+    /// Does either list hold what the element refers to without a formula of its own?
     virtual bool containsImplicitReferences(QListEx<BaseFrame *> measures, QListEx<BaseFrame *> levels);
     /// Would a formula of this element move vectors of other?
     virtual bool influenceGeometrically(BaseFrame *other);
 
+    /// The element's own name, as the user typed it.
     QString name() const { return mName; }
     /// Only stores the name: nobody is told, and no other element is asked whether it bears it.
     void setName(const QString &name) { mName = name; }
@@ -159,13 +203,19 @@ public:
     bool formulaMeasurementIsRecursive(TreeEquations *formula);
     /// The same for the level formula.
     bool formulaLevelIsRecursive(TreeEquations *formula);
-    /// True when there is a measure formula and everything that it depends on is defined.
+    /// True when there is such a formula and everything that it depends on, through other formulas too, is
+    /// defined. Raises AssertionError for an unresolved reference.
+    ///@{
     bool formulaMeasureFullyDefined();
     bool formulaLevelFullyDefined();
+    ///@}
 
-    /// The piece the element is tied to, or null. Raises AssertionError for a control object without a place.
+    /// The piece the element is tied to, or null: its group, and the gabarit in it. Raises AssertionError for
+    /// a control object without a place.
+    ///@{
     CDbGroupObject *groupCorrespondent();
     GabaritObject *gabaritCorrespondent();
+    ///@}
     /// True when the element is tied to a piece that is selected in the host's view.
     bool isInGroupSelects();
     /// True when the element's control object holds the vector; false without a control object.

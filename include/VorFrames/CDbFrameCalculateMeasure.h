@@ -35,10 +35,13 @@ protected:
     QListEx<double> mFactors; ///< mFactors[i] belongs to size mFirstSize + i
 };
 
-/// The frames keep their shares of the total.
+/// The frames keep their shares of the total: each measure times new total / old total of the size.
 class VORFRAMES_EXPORT CDbCalculateNewMeasureProportional : public CDbFrameCalculateMeasure
 {
 public:
+    /// Raises FatalError for an action other than 1 and 3. An old total of exactly 0.0 makes the measures
+    /// 0.0. For the nest alone the smallest size is tested in its place, so that an old total of 0.0 at the
+    /// nest can make the measure infinite.
     CDbCalculateNewMeasureProportional(const ValuesAccordingSizes &newMeasures,
                                        const ValuesAccordingSizes &oldMeasures,
                                        eModifyLevelActionType action);
@@ -50,15 +53,18 @@ public:
 class VORFRAMES_EXPORT CDbFrameCalculateMeasureEqual : public CDbFrameCalculateMeasure
 {
 public:
+    /// Raises FatalError for an action other than 1 and 3, AssertionError for a frame of link without a
+    /// center.
     CDbFrameCalculateMeasureEqual(const FrameLink &link, const ValuesAccordingSizes &newMeasures,
                                   const ValuesAccordingSizes &oldMeasures, eModifyLevelActionType action);
     void calculateNewMeasure(const FrameFrame &frame, ValuesAccordingSizes *values) override;
 };
 
-/// Each frame takes a part of the change by its ratio.
+/// Each frame takes a part of the change by its ratio, FrameFrame::getRatio() over the sum of the link's.
 class VORFRAMES_EXPORT CDbFrameCalculateMeasureFixed : public CDbFrameCalculateMeasure
 {
 public:
+    /// Raises FatalError for an action other than 1 and 3. Ratios that add up to exactly 0.0 change nothing.
     CDbFrameCalculateMeasureFixed(const FrameLink &link, const ValuesAccordingSizes &newMeasures,
                                   const ValuesAccordingSizes &oldMeasures, eModifyLevelActionType action);
     void calculateNewMeasure(const FrameFrame &frame, ValuesAccordingSizes *values) override;

@@ -27,12 +27,19 @@ public:
     /// The tangent of 10 degrees: how close to an axis a segment counts as lying along it.
     static const double mTestShifts;
 
+    /// A stretch without vectors and element, selected, to be read into. Raises AssertionError for a null
+    /// skeleton, as the other constructors do.
     explicit ControlSegment(ControlSkeleton *skeleton);
+    /// The shorter of the two ways from vector 1 to vector 2, selected.
     ControlSegment(CDbPointVOR *vector1, CDbPointVOR *vector2, ControlSkeleton *skeleton,
                    FrameSegment *segment);
+    /// The stretch of source on a copied piece; the element is shared.
     ControlSegment(ControlSegment *source, ControlSkeleton *target);
+    /// Copy every field as it stands; the skeleton does not learn of the copy.
+    ///@{
     ControlSegment(const ControlSegment &other) = default;
     ControlSegment &operator=(const ControlSegment &other) = default;
+    ///@}
 
     ~ControlSegment() override;
     bool containsVector(const CDbPointVOR *vector) override;
@@ -44,14 +51,25 @@ public:
                                        ValuesAccordingSizes *levels, const GradationData *gradation,
                                        eModifyLevelActionType action) override;
 
+    /// The element, not owned; null for a stretch that was read without one.
+    ///@{
     FrameSegment *getFrameSegment() const { return mFrameSegment; }
     FrameSegment *Get_mFrameSegment() const { return mFrameSegment; }
+    ///@}
+    /// Only stores the pointer.
     void Set_mFrameSegment(FrameSegment *segment) { mFrameSegment = segment; }
-    /// The displacement proposed for a new segment.
+    /// The displacement proposed for a new segment: along an axis that it lies along, else along its line.
+    /// Raises AssertionError without two vectors.
     FrameSegment::eDisplaceType defectMovesAlong() const;
+    /// The rectangle round the vectors of the stretch. Raises AssertionError without vector 2.
     GeoRectangle getRectBounding() const;
+    /// Selects the stretch when the rectangle meets its own; never deselects. Raises AssertionError for null.
     void selectInRectangle(const GeoRectangle *rectangle);
+    /// Points the stretch at the segment of the same name in set. Raises AssertionError, with the element
+    /// kept, when set has none.
     void adjustsANewFrameSet(FrameSet *set);
+    /// Is the point within tolerance, in centimetres, of a straight line between neighbouring vectors of the
+    /// stretch? Raises AssertionError for null and without vector 2.
     bool segmentIsOn(const GeoPoint2D *point, double tolerance) const;
     /// The length in a size, -1 as the piece stands, in centimetres; 0 without two vectors.
     double getMeasures(short size);
@@ -68,7 +86,11 @@ public:
     /// Exchanges the two vectors and settles the sense of travel anew.
     void changeSegmentOrientation();
 
+    /// Vectors and sense of travel, the names of element and set. Raises AssertionError for an element
+    /// without a set.
     XJsonObject toJson() const;
+    /// Takes what toJson() wrote and finds the element in manager; without a set's name there is none to
+    /// find. Raises AssertionError for a null manager, a name that does not resolve, and as the base does.
     void fromJson(const XJsonObject &object, GestFrames *manager);
 
 private:

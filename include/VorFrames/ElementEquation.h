@@ -25,10 +25,16 @@ class XJsonObject;
 class VORFRAMES_EXPORT ElementEquation
 {
 public:
+    /// An empty node, which has no text and no value.
     ElementEquation();
+    /// A node without sons: a constant or a reference, else one whose sons the caller hangs on.
     ElementEquation(ElemContent contents, double value, BaseFrame *element);
+    /// Copy every field as it stands; the sons are then shared, and those that stood here are not deleted.
+    ///@{
     ElementEquation(const ElementEquation &other);
     ElementEquation &operator=(const ElementEquation &other);
+    ///@}
+    /// Deletes the sons with everything below them, in any depth.
     ~ElementEquation();
 
     /// Fills the empty node target with copies of everything below and in this node, the pending name apart.
@@ -57,24 +63,28 @@ public:
     /// Settles which constants are lengths, given what the surrounding expects, and turns these from the
     /// application's unit into centimetres. Never run it on a tree that went through it before.
     void determineImplicitUnit(eImplicitUnite expected);
-    /// Judges the tree without changing it.
+    /// The unit of the tree, or ImplicitInvalid; changes nothing. Stricter than determineImplicitUnit(): a
+    /// ratio of two lengths and a division by a constant zero are inconsistent.
     eImplicitUnite evaluationImplicitUnit(eImplicitUnite expected);
-    /// Forces the tree to a unit.
+    /// Forces the tree to a unit, which its constants have to bring in. Raises AssertionError where a part
+    /// has another unit by nature: a reference is a length.
     void setImplicitUnit(eImplicitUnite unit);
 
-    /// The node and all below it; references by full name, units left out.
+    /// The node and all below it; references by full name, units left out. A node of another kind than 1 to 8
+    /// is written as its number alone. Raises AssertionError for a reference without an element, a missing
+    /// son and a tree past the documented depth.
     XJsonObject toJson() const;
-    /// Reads the node and all below it; set resolves the names. Raises AssertionError for a name that set
-    /// lacks and for a tree past the documented depth.
+    /// Reads the node and all below it; set resolves the names, and a missing son becomes an empty node.
+    /// Raises AssertionError for a name that set lacks and for a tree past the documented depth.
     void fromJson(const XJsonObject &object, FrameSet *set);
 
-    ElementEquation *sonLeft = nullptr;
-    ElementEquation *sonRight = nullptr;
-    ElemContent contents = ElemNone;
-    double value = 0.0;           ///< of a constant: centimetres when implicitUnit is a length
-    BaseFrame *element = nullptr; ///< of a reference, not owned; null for a name that was not known
-    eImplicitUnite implicitUnit = ImplicitNumber;
-    QString pendingName; ///< the name as typed; no use after parsing
+    ElementEquation *sonLeft = nullptr;  ///< owned: the left operand, or what stands in brackets
+    ElementEquation *sonRight = nullptr; ///< owned: the right operand
+    ElemContent contents = ElemNone;     ///< the kind; which fields count hangs on it
+    double value = 0.0;                  ///< of a constant: centimetres when implicitUnit is a length
+    BaseFrame *element = nullptr;        ///< of a reference, not owned; null for a name that was not known
+    eImplicitUnite implicitUnit = ImplicitNumber; ///< what determineImplicitUnit() found the node to be
+    QString pendingName;                          ///< the name as typed; no use after parsing
 };
 
 } // namespace VorSystem

@@ -1,5 +1,6 @@
-// The enumerations of the interface. Their numbers reach the stored form and the host, so they are fixed;
-// numbers outside the listed ones can be read from a document and are kept.
+/// \file
+/// The enumerations of the interface. Their numbers reach the stored form and the host, so they are fixed;
+/// numbers outside the listed ones can be read from a document and are kept.
 #pragma once
 
 /// How a reevaluation treats what it computes.
@@ -34,30 +35,32 @@ enum ElemContent : int {
     ElemMeasure = 2,     ///< the measure of an element
     ElemLevel = 3,       ///< the level of an element
     ElemParenthesis = 4, ///< brackets round the left son
-    ElemAdd = 5,
-    ElemSubtract = 6,
-    ElemMultiply = 7,
-    ElemDivide = 8,
+    ElemAdd = 5,         ///< left son + right son
+    ElemSubtract = 6,    ///< left son - right son
+    ElemMultiply = 7,    ///< left son * right son
+    ElemDivide = 8,      ///< left son / right son; 0.0 for a divisor of at most 1e-05 in size
 };
 
+/// All that the library, the JSON values and the reference host export, four enumerations of the global
+/// namespace apart.
 namespace VorSystem
 {
 
 /// The class of an element.
 enum eElementFrameType : int {
-    Element_Center = 1,
-    Element_Segment = 2,
-    Element_Link = 3,
-    Element_Frame = 4,
-    Element_Set = 5,
-    Element_Spec = 6,
-    Element_MeasurementChart = 7,
+    Element_Center = 1,           ///< FrameCenter
+    Element_Segment = 2,          ///< FrameSegment
+    Element_Link = 3,             ///< FrameLink
+    Element_Frame = 4,            ///< FrameFrame
+    Element_Set = 5,              ///< FrameSet
+    Element_Spec = 6,             ///< FrameSpec
+    Element_MeasurementChart = 7, ///< FrameMeasurementChart
 };
 
 /// Which value list of an element is meant.
 enum eEvaluationType : int {
-    Evaluation_Measure = 1,
-    Evaluation_Level = 2,
+    Evaluation_Measure = 1, ///< BaseFrame::getMeasureBySizes()
+    Evaluation_Level = 2,   ///< BaseFrame::getLevelBySizes()
 };
 
 /// The outcome of a move of the contour.
@@ -73,8 +76,8 @@ enum eMsgConvergence : int {
 
 /// What a formula node stands for: a plain number or a length in centimetres.
 enum eImplicitUnite : int {
-    ImplicitNumber = 0,
-    ImplicitLength = 1,
+    ImplicitNumber = 0,  ///< no unit, also the ratio of two lengths
+    ImplicitLength = 1,  ///< centimetres
     ImplicitInvalid = 2, ///< inconsistent; only a verdict, never stored in a node
 };
 

@@ -19,9 +19,13 @@ class VORFRAMES_EXPORT NonFatalError : public boost::exception, public std::logi
 public:
     /// The text is "Unexpected Data".
     NonFatalError();
+    /// An error of that text, which ends at a null character.
     explicit NonFatalError(const QString &text);
+    /// A copy tells the same text and the same place.
+    ///@{
     NonFatalError(const NonFatalError &) = default;
     NonFatalError &operator=(const NonFatalError &) = default;
+    ///@}
     ~NonFatalError() noexcept override;
 };
 
@@ -31,10 +35,15 @@ public:
 class VORFRAMES_EXPORT AssertionError : public NonFatalError
 {
 public:
+    /// The text is "Unexpected Data".
     AssertionError();
+    /// An error of that text, which ends at a null character.
     explicit AssertionError(const QString &text);
+    /// A copy tells the same text and the same place.
+    ///@{
     AssertionError(const AssertionError &) = default;
     AssertionError &operator=(const AssertionError &) = default;
+    ///@}
     ~AssertionError() noexcept override;
 };
 
@@ -42,10 +51,15 @@ public:
 class VORFRAMES_EXPORT FatalError : public boost::exception, public std::runtime_error
 {
 public:
+    /// The text is "Unexpected value".
     FatalError();
+    /// An error of that text, which ends at a null character.
     explicit FatalError(const QString &text);
+    /// A copy tells the same text and the same place.
+    ///@{
     FatalError(const FatalError &) = default;
     FatalError &operator=(const FatalError &) = default;
+    ///@}
     ~FatalError() noexcept override;
 };
 

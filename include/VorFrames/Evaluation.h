@@ -12,16 +12,20 @@ class BaseFrame;
 
 /// A value list of an element; the element is not owned and may be null (an unresolved reference).
 struct Evaluation {
-    BaseFrame *mElement = nullptr;
-    eEvaluationType mType = Evaluation_Measure;
+    BaseFrame *mElement = nullptr;              ///< not owned
+    eEvaluationType mType = Evaluation_Measure; ///< which of its two lists
 
+    /// Equal when both fields are: the element by pointer.
+    ///@{
     bool operator==(const Evaluation &other) const
     {
         return mElement == other.mElement && mType == other.mType;
     }
     bool operator!=(const Evaluation &other) const { return !(*this == other); }
+    ///@}
 };
 
+/// Makes an Evaluation a key of QSet and QHash, element by pointer.
 inline uint qHash(const Evaluation &evaluation, uint seed = 0)
 {
     const auto place = reinterpret_cast<quintptr>(evaluation.mElement);

@@ -23,29 +23,45 @@ public:
         Characteristic_TwoSidesDoubled = 3, ///< both sides share half of a change; the measure is doubled
     };
 
+    /// A center of one doubled side, without frames, in no set.
     explicit FrameCenter(const QString &name);
+    /// Copy every field as it stands: set, neighbours and formulas are then shared; see BaseFrame.
+    ///@{
     FrameCenter(const FrameCenter &other) = default;
     FrameCenter &operator=(const FrameCenter &other) = default;
+    ///@}
 
     XJsonObject toJson() const override;
     void fromJson(const XJsonObject &object) override;
     ~FrameCenter() override;
     eElementFrameType elementType() override;
+    /// False: a center has no values.
     bool reevaluate(eFrameReevaluate mode) override;
+    /// Not while it is defined or holds frames.
+    ///@{
     bool canBeDestroyed(bool report) override;
     bool canBeDestroyedInBatch() override;
+    ///@}
 
+    /// What moves and how it reads. A stored document may hold another number: the measures then read doubled
+    /// and cannot be changed.
+    ///@{
     const eCharacteristicType &Caracteristique() const { return mCharacteristic; }
     eCharacteristicType &Caracteristique() { return mCharacteristic; }
+    ///@}
+    /// Only stores it: no frame is evaluated anew.
     void setCharacteristic(eCharacteristicType characteristic) { mCharacteristic = characteristic; }
 
+    /// The frames in the user's order, not owned.
     QListEx<FrameFrame *> getFrames() const { return mFrames; }
     /// The frame from which levels count; null when there is none.
     FrameFrame *getFrameLevelZero() const { return mFrameLevelZero; }
+    /// The axis that ties the center to a piece, or null; walks the document.
     ControlCenter *ControlCenterCorrespondent();
 
     /// Enters the frame before index, at the end when index is negative; nothing when it stands here already.
-    /// The first frame becomes the zero-level frame. The frame's own pointer is not touched.
+    /// The first frame becomes the zero-level frame. The frame's own pointer is not touched. An index beyond
+    /// the end ends the program. Raises AssertionError for null.
     void addFrame(FrameFrame *frame, int index);
     /// Takes the frame off the list; a zero-level frame leaves the center without one.
     void removeFrame(FrameFrame *frame);
@@ -56,6 +72,7 @@ public:
     void setFrameLevelZero(FrameFrame *frame);
     /// Makes the first defined frame the origin and, with reevaluateSet, stores all levels of the set anew.
     void adjustNewLevelZero(bool reevaluateSet);
+    /// True when a piece uses some frame of the center.
     bool containsFrameDefines();
     /// Position i takes the frame that stood at order[i], here and in the set's flat list. Nothing when the
     /// count differs; an index outside the list ends the program. A frame lost by a repeated index loses its

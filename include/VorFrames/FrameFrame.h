@@ -25,11 +25,18 @@ public:
         Measure_ByPercentage = 1, ///< by getPercentageMeasureRating1()
     };
 
+    /// A frame on no center: 50 percent for each side, a ratio of 1.0, no values.
     explicit FrameFrame(const QString &name);
+    /// Copy every field as it stands: set, neighbours and formulas are then shared; see BaseFrame.
+    ///@{
     FrameFrame(const FrameFrame &other) = default;
     FrameFrame &operator=(const FrameFrame &other) = default;
+    ///@}
 
+    /// Names center and link. Raises AssertionError without a center.
     XJsonObject toJson() const override;
+    /// Enters the center and the link that object names. Raises AssertionError without a set and for a name
+    /// that the set has not got.
     void fromJson(const XJsonObject &object) override;
     ~FrameFrame() override;
     eElementFrameType elementType() override;
@@ -69,7 +76,11 @@ public:
     /// formula; what is dropped is the measure formula.
     bool applyLevels(ValuesAccordingSizes &levels, const GradationData *gradation,
                      eModifyLevelActionType action) override;
+    /// Not while it is defined, linked, named by a formula of the set, or the origin of other frames. Raises
+    /// AssertionError for a center without a set.
     bool canBeDestroyed(bool report) override;
+    /// Not while it is defined, linked or named by a formula of a defined element. Raises AssertionError,
+    /// where this comes to the formulas, without a set.
     bool canBeDestroyedInBatch() override;
     void addEvaluationUsedInMeasurement(QListEx<Evaluation> &list) override;
     void addEvaluationUsedInLevel(QListEx<Evaluation> &list) override;
@@ -79,29 +90,46 @@ public:
     bool containsImplicitReferences(QListEx<BaseFrame *> measures, QListEx<BaseFrame *> levels) override;
     bool influenceGeometrically(BaseFrame *other) override;
 
+    /// The link that the frame belongs to, or null.
     FrameLink *getLink() const { return mFrameLink; }
     /// Only stores the pointer; use FrameLink::linkFrame.
     void setLink(FrameLink *link) { mFrameLink = link; }
+    /// The center that the frame stands on, or null.
     FrameCenter *getFrameCenter() const { return mFrameCenter; }
     /// Only stores the pointer; the old center still lists the frame. Use addFrameCenter.
     void setFrameCenter(FrameCenter *center) { mFrameCenter = center; }
     /// Leaves the present center for center, entered before index, at the end when index is negative; null
     /// leaves the frame without one.
     void addFrameCenter(FrameCenter *center, int index);
+    /// Leaves the center, through which the frame reaches its set; the set's list keeps it. Nothing without a
+    /// center.
     void removeFromCenter();
 
     /// True when the measure runs along the contour instead of along the chord.
+    ///@{
     bool &getPerimeterMeasurement() { return mPerimeterMeasurement; }
     bool getPerimeterMeasurement() const { return mPerimeterMeasurement; }
+    ///@}
+    /// The percentage of a change that side 1 takes under Measure_ByPercentage where RightRegion names it
+    /// right, and that side 2 takes elsewhere. Any number is taken.
+    ///@{
     double getPercentageMeasureRating1() const { return mPercentageMeasureRating; }
     void setPercentageMeasureRating(double percentage) { mPercentageMeasureRating = percentage; }
-    /// The frame's share when its link hands a change out by fixed ratios.
+    ///@}
+    /// The frame's share when its link hands a change out by fixed ratios; any number is taken.
+    ///@{
     double getRatio() const { return mRatio; }
     void setRatio(double ratio) { mRatio = ratio; }
+    ///@}
+    /// How a change is shared between the sides; setting it moves nothing.
+    ///@{
     eMeasureType getMeasureType() const { return mMeasureType; }
     void setMeasureType(eMeasureType type) { mMeasureType = type; }
+    ///@}
 
+    /// The chord that ties the frame to a piece, or null; walks the document.
     ControlFrame *controlFrameCorresponding();
+    /// Is the frame the origin of its center? False without a center.
     bool isLevelZero() const;
     /// Makes the frame the origin of its center. Raises AssertionError without a center.
     void becomeLevelZero();

@@ -29,47 +29,69 @@ class XJsonObject;
 class VORFRAMES_EXPORT GestFrames
 {
 public:
+    /// A manager without sets and document.
     GestFrames();
+    /// Copy every field as it stands, the group mapping too: both managers then own the same sets. A baton
+    /// stays with the manager that gave it.
+    ///@{
     GestFrames(const GestFrames &other);
     GestFrames &operator=(const GestFrames &other);
+    ///@}
+    /// Deletes the sets, first to last; they no longer reach the document by then.
     ~GestFrames();
 
     /// The manager of a document, null for null: how a call enters the library.
     static GestFrames *managerFramesDocument(Document *document);
 
+    /// The document, not owned; null until the host sets it. Without one no element is tied to a piece.
+    ///@{
     Document *document() const { return mDocument; }
     void setDocument(Document *document) { mDocument = document; }
+    ///@}
+    /// Three texts for the host's own use; the library only keeps them.
+    ///@{
     QString name() const { return mName; }
     QString desc() const { return mDesc; }
     QString workId() const { return mWorkId; }
     void setName(const QString &name) { mName = name; }
     void setDesc(const QString &desc) { mDesc = desc; }
     void setWorkId(const QString &workId) { mWorkId = workId; }
+    ///@}
 
+    /// The sets in the user's order, owned by the manager.
     QListEx<FrameSet *> getFrameSets() const { return mFrameSets; }
+    /// Their number, cut to what a short holds.
     short numberOfFrameSets() const;
     /// The first set whose name matches, or null.
     FrameSet *getFrameSetAccordingName(const QString &name) const;
     /// The proposal itself when it is free, else the proposal with a number, after a blank, that makes it so.
     QString getFrameSetValidName(const QString &name) const;
     /// Enters the set, which is owned from then on, before index, at the end when index is negative; nothing
-    /// when it is in the list. The set's manager pointer is not touched. Raises AssertionError for null.
+    /// when it is in the list. The set's manager pointer is not touched. An index beyond the end ends the
+    /// program. Raises AssertionError for null.
     void addFrameSet(FrameSet *set, int index);
     /// Takes the set off the list; it is neither deleted nor told.
     void removeFrameSet(FrameSet *set);
+    /// True when some set is at least partially defined.
     bool areSetPartiallyDefined();
+    /// True when some set has a spec that is defined, as one without a formula always is.
     bool areFrameSpecDefined();
     /// Reevaluates every set; true when any of them changed or would change.
     bool reevaluateFrameSets(eFrameReevaluate mode);
-    /// Fits all value lists to the gradation of the document.
+    /// Fits all value lists to the gradation of the document; to a single value each where there is none.
     void adjustFrameSetsANest();
     /// Clears every set of what no piece uses and deletes the sets of which nothing defined is left.
     void destroyAllFramesUndefined();
 
-    /// Translates a user text in the library's context.
+    /// The translation of a user text in the library's context, "VorSystem::Frames"; the text itself without
+    /// one.
+    ///@{
     static QString tr(const char *source, const char *comment = nullptr, int n = -1);
     static QString trUtf8(const char *source, const char *comment = nullptr, int n = -1);
+    ///@}
 
+    /// All sets under the key "frames"; the group mapping and the removed formulas are left out. Raises what
+    /// FrameSet::toJson() raises.
     XJsonObject toJson() const;
     /// Adds the sets of object. A set that does not resolve is dropped without a sign. With adjust, each
     /// set's lists are fitted to the gradation: set the document first, or every list shrinks to its nest.

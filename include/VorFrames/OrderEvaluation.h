@@ -18,7 +18,9 @@ class VORFRAMES_EXPORT OrderEvaluation
 {
 public:
     OrderEvaluation() = default;
+    /// Starts without rounds.
     OrderEvaluation(const OrderEvaluation &other);
+    /// Frees the rounds of this order and takes none over; nothing when other is this order.
     OrderEvaluation &operator=(const OrderEvaluation &other);
     ~OrderEvaluation();
 

@@ -22,24 +22,31 @@ class QListEx : public QList<T>
 public:
     using QList<T>::QList;
     QListEx() = default;
+    /// The values in the order given.
     QListEx(std::initializer_list<T> values) : QList<T>(values) {}
+    /// A copy with storage of its own.
     QListEx(const QListEx &other) : QList<T>() { takeCopy(other); }
+    /// Takes the storage; other is then empty.
     QListEx(QListEx &&other) noexcept : QList<T>(std::move(static_cast<QList<T> &>(other))) {}
     /// Takes what an operation of the base returned, such as mid() or operator+.
     QListEx(const QList<T> &other) : QList<T>() { takeCopy(other); }
     ~QListEx() = default;
 
+    /// The values of other in storage of its own.
     QListEx &operator=(const QListEx &other)
     {
         if (this != &other)
             takeCopy(other);
         return *this;
     }
+    /// Takes the storage; other is then empty.
     QListEx &operator=(QListEx &&other) noexcept
     {
         QList<T>::operator=(std::move(static_cast<QList<T> &>(other)));
         return *this;
     }
+    /// Replaces the values by the given ones.
+    ///@{
     QListEx &operator=(std::initializer_list<T> values)
     {
         QList<T>::operator=(QList<T>(values));
@@ -50,9 +57,11 @@ public:
         takeCopy(other);
         return *this;
     }
+    ///@}
 
-    /// Appending a whole list to an empty one copies it too, where a QList would share it.
     using QList<T>::append;
+    /// Appends values; a list given to an empty one is copied too, where a QList would share it.
+    ///@{
     void append(const QList<T> &values)
     {
         QList<T>::append(values);
@@ -70,7 +79,10 @@ public:
     }
     QListEx &operator<<(const QList<T> &values) { return *this += values; }
     QListEx &operator<<(const T &value) { return *this += value; }
+    ///@}
 
+    /// The value at index; the program ends where there is none.
+    ///@{
     const T &at(int index) const
     {
         require("at", index);
@@ -86,7 +98,10 @@ public:
         require("operator[]", index);
         return QList<T>::operator[](index);
     }
+    ///@}
 
+    /// The value at an end; the program ends when the list is empty.
+    ///@{
     T &first()
     {
         require("first", 0);
@@ -113,26 +128,31 @@ public:
     const T &front() const { return constFirst(); }
     T &back() { return last(); }
     const T &back() const { return constLast(); }
+    ///@}
 
     using QList<T>::insert;
-    /// Inserts before index; index equal to size() appends.
+    /// Inserts before index; an index of size() appends, any other outside the list ends the program.
     void insert(int index, const T &value)
     {
         if (index < 0 || index > this->size())
             indexOutOfRange("insert", index, this->size());
         QList<T>::insert(index, value);
     }
+    /// Puts value in place of the one at index; the program ends where there is none.
     void replace(int index, const T &value)
     {
         require("replace", index);
         QList<T>::replace(index, value);
     }
+    /// Takes the value at from out and enters it so that it stands at to; both must lie in the list.
     void move(int from, int to)
     {
         require("move", from);
         require("move", to);
         QList<T>::move(from, to);
     }
+    /// Exchanges two values; the program ends where either index lies outside the list.
+    ///@{
     void swapItemsAt(int i, int j)
     {
         require("swapItemsAt", i);
@@ -142,7 +162,11 @@ public:
 
     using QList<T>::swap;
     void swap(int i, int j) { swapItemsAt(i, j); }
+    ///@}
 
+    /// Removes, or takes out and gives, the value at index or at an end; the program ends where there is
+    /// none.
+    ///@{
     void removeAt(int index)
     {
         require("removeAt", index);
@@ -175,6 +199,7 @@ public:
         requireAny("takeLast");
         return QList<T>::takeLast();
     }
+    ///@}
 
 private:
     void takeCopy(const QList<T> &other)

@@ -27,6 +27,7 @@ public:
     TreeEquations();
     /// Raises AssertionError for a source without a root.
     TreeEquations(const TreeEquations &other);
+    /// Shares the root of other; the root that stood here is not deleted.
     TreeEquations &operator=(const TreeEquations &other);
     ~TreeEquations();
 
@@ -41,19 +42,24 @@ public:
     /// units.
     static TreeEquations *parse(const QString &text, FrameSet *frameSet, bool implicitUnits);
 
-    /// Both raise AssertionError without a root; see ElementEquation.
+    /// The text a user would type; see ElementEquation::toString(). Raises AssertionError without a root.
     QString toString() const;
+    /// The value in a size, lengths in centimetres; see ElementEquation::evaluate(). Raises AssertionError
+    /// without a root.
     double evaluate(short size);
 
-    /// These do nothing without a root.
+    /// Add what the formula refers to, as the operations of ElementEquation do; nothing without a root.
+    ///@{
     void addReferencesInLists(QListEx<BaseFrame *> &pendingMeasures, QListEx<BaseFrame *> &doneMeasures,
                               QListEx<BaseFrame *> &pendingLevels, QListEx<BaseFrame *> &doneLevels);
     void addReferencesInList(QListEx<BaseFrame *> &list);
     void addEvaluationsInList(QListEx<Evaluation> &list);
+    ///@}
 
-    /// True without a root.
+    /// Points every reference at the like-named element of set; see ElementEquation::setAdapter(). True
+    /// without a root.
     bool setAdapter(FrameSet *set);
-    /// False without a root.
+    /// Does the formula itself refer to element, by pointer? False without a root.
     bool mentions(BaseFrame *element);
     /// True unless the units are inconsistent. Raises AssertionError without a root.
     bool verifierImplicitUnits();
@@ -63,13 +69,14 @@ public:
     /// AssertionError for an unresolved reference.
     bool fullyDefinedFormula();
 
-    /// The root under the key "root". Raises AssertionError without a root.
+    /// The root under the key "root". Raises AssertionError without a root, and as ElementEquation::toJson().
     XJsonObject toJson() const;
     /// Fills the root, which must be there, and settles the units: constants are taken to be in the
-    /// application's unit, as those that a user typed. The manager's reader works in centimetres.
+    /// application's unit, as those that a user typed. The manager's reader works in centimetres. Raises
+    /// AssertionError without a root, for a name that set lacks, and where parse() would for the units.
     void fromJson(const XJsonObject &object, FrameSet *set);
 
-    ElementEquation *root = nullptr;
+    ElementEquation *root = nullptr; ///< owned; null only where a caller made it so
 
 private:
     /// Takes ownership of a finished root.

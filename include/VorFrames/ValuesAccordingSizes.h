@@ -34,8 +34,8 @@ struct VORFRAMES_EXPORT ValuesAccordingSizes {
     /// Removes the count largest sizes; a list that is too short ends the program.
     void removeLargerSizes(short count);
 
-    QListEx<double> mValues;
-    short mNestIndex = 0; ///< position of the nest in mValues
+    QListEx<double> mValues; ///< one per size, smallest size first
+    short mNestIndex = 0;    ///< position of the nest in mValues
 };
 
 /// Fits values to a gradation with small sizes below the nest and large ones above it. The nest keeps its

@@ -8,6 +8,8 @@
 namespace VorSystem
 {
 
+/// What follows in the chain, or null; the argument must be there.
+///@{
 inline CDbPointVOR *nextInChain(const CDbPointVOR *vector)
 {
     return vector->mNextVector;
@@ -22,6 +24,7 @@ inline DartContour *nextInChain(const DartContour *dart)
 {
     return dart->mNextDart;
 }
+///@}
 
 /// A walk along a chain, from its start until null or the start comes again. Positions may change meanwhile.
 template<class T>

@@ -23,6 +23,8 @@ namespace VorSystem
 class VORJSON_EXPORT XJsonArray
 {
 public:
+    /// The names that generic code looks for in a container.
+    ///@{
     using const_iterator = XJsonIterator<const XJsonArray, XJsonValue>;
     using iterator = XJsonIterator<XJsonArray, XJsonValueRef>;
     using ConstIterator = const_iterator;
@@ -34,10 +36,15 @@ public:
     using const_reference = XJsonValue;
     using pointer = iterator::pointer;
     using const_pointer = const_iterator::pointer;
+    ///@}
 
+    /// Without storage.
     XJsonArray() = default;
+    /// The values in the order given; without storage for none.
     XJsonArray(std::initializer_list<XJsonValue> values);
+    /// Shares the contents until one of the two is written to.
     XJsonArray(const XJsonArray &other) = default;
+    /// Takes the contents; other is then without storage.
     XJsonArray(XJsonArray &&other) noexcept
         : mArray(std::move(other.mArray)), mStorage(std::exchange(other.mStorage, XJsonValue::kNoStorage)),
           mLevels(std::exchange(other.mLevels, 1))
@@ -48,12 +55,15 @@ public:
         if (mLevels > XJsonValue::kShallow)
             letGo();
     }
+    /// Shares the contents of other in place of its own.
     XJsonArray &operator=(const XJsonArray &other)
     {
         XJsonArray copy(other);
         swap(copy);
         return *this;
     }
+    /// Exchanges the contents.
+    ///@{
     XJsonArray &operator=(XJsonArray &&other) noexcept
     {
         swap(other);
@@ -65,68 +75,108 @@ public:
         std::swap(mStorage, other.mStorage);
         std::swap(mLevels, other.mLevels);
     }
+    ///@}
 
+    /// One value per element, in the same order: a text, a variant by XJsonValue::fromVariant, a value by
+    /// XJsonValue::fromJsonValue. Without storage for an empty list.
+    ///@{
     static XJsonArray fromStringList(const QStringList &texts);
     static XJsonArray fromVariantList(const QVariantList &variants);
     static XJsonArray fromJsonArray(const QJsonArray &array);
+    ///@}
 
     /// Each value by XJsonValue::toString with an empty default.
     QStringList toStringList() const;
+    /// Each value by XJsonValue::toVariant.
     QVariantList toVariantList() const;
+    /// Each value by XJsonValue::toJsonValue.
     QJsonArray toJsonArray() const;
 
     /// The text form in UTF-8. Close to JSON, but no JSON: booleans are T and F, the keys of nested objects
     /// stand without quotation marks and each of their members is followed by a comma.
     QByteArray toText(XJsonFormat format = XJsonFormat::Compact) const;
 
+    /// How many values the array holds.
+    ///@{
     int size() const { return mArray.size(); }
     int count() const { return size(); }
+    ///@}
+    /// True for an array of no values, with or without storage.
+    ///@{
     bool isEmpty() const { return mArray.isEmpty(); }
     bool empty() const { return isEmpty(); }
+    ///@}
 
+    /// The value at the index, or at an end; Undefined where there is none.
+    ///@{
     XJsonValue at(int index) const { return XJsonValue(mArray, index, mLevels - 1); }
     XJsonValue first() const { return at(0); }
     XJsonValue last() const { return at(size() - 1); }
     XJsonValue operator[](int index) const { return at(index); }
+    ///@}
+    /// True when the array holds an equal value; what equal means for NaN is told at XJsonValue.
     bool contains(const XJsonValue &value) const;
 
     /// The place of the value.
     XJsonValueRef operator[](int index) { return XJsonValueRef(this, index); }
 
+    /// Adds the value at an end.
+    ///@{
     void prepend(const XJsonValue &value) { insert(0, value); }
     void append(const XJsonValue &value);
+    ///@}
+    /// Enters the value before the index; an index of size() appends.
     void insert(int index, const XJsonValue &value);
+    /// Puts the value in place of the one at the index.
     void replace(int index, const XJsonValue &value);
+    /// Removes the value at the index, or at an end; nothing where there is none.
+    ///@{
     void removeAt(int index);
     void removeFirst() { removeAt(0); }
     void removeLast() { removeAt(size() - 1); }
+    ///@}
 
     /// The value at the index, which leaves the array; Undefined out of range.
     XJsonValue takeAt(int index);
 
+    /// Enters the value before the position, which is then the place of the value and is given back.
     iterator insert(iterator before, const XJsonValue &value);
+    /// Removes the value and gives the position of the one after it.
     iterator erase(iterator place);
+    /// The names of the standard library for append(), prepend(), removeLast() and removeFirst().
+    ///@{
     void push_back(const XJsonValue &value) { append(value); }
     void push_front(const XJsonValue &value) { prepend(value); }
     void pop_back() { removeLast(); }
     void pop_front() { removeFirst(); }
+    ///@}
 
+    /// A copy with the value appended.
     XJsonArray operator+(const XJsonValue &value) const;
+    /// Appends the value; gives the array, for a chain.
+    ///@{
     XJsonArray &operator+=(const XJsonValue &value);
     XJsonArray &operator<<(const XJsonValue &value);
+    ///@}
 
-    /// The writing forms detach and give a default array its storage.
+    /// The first place, and the one behind the last, for writing. A default array gets its storage by asking.
+    ///@{
     iterator begin();
     iterator end();
+    ///@}
+    /// The first value, and the position behind the last, for reading.
+    ///@{
     const_iterator begin() const { return const_iterator(this, 0); }
     const_iterator end() const { return const_iterator(this, size()); }
     const_iterator constBegin() const { return begin(); }
     const_iterator constEnd() const { return end(); }
     const_iterator cbegin() const { return begin(); }
     const_iterator cend() const { return end(); }
+    ///@}
 
     /// True for equal values in equal order, told more closely at XJsonValue.
     bool operator==(const XJsonArray &other) const;
+    /// The opposite of ==.
     bool operator!=(const XJsonArray &other) const { return !(*this == other); }
 
 private:

@@ -32,42 +32,58 @@ class VORJSON_EXPORT XJsonValue
 public:
     /// The numbers are fixed; readers of stored documents test them.
     enum Type {
-        Null = 0,
-        Bool = 1,
-        Double = 2,
-        String = 3,
-        Array = 4,
-        Object = 5,
+        Null = 0,        ///< the value null
+        Bool = 1,        ///< true or false
+        Double = 2,      ///< every number
+        String = 3,      ///< a text
+        Array = 4,       ///< an XJsonArray
+        Object = 5,      ///< an XJsonObject
         Undefined = 128, ///< what an absent key or index gives; never a part of a container
     };
 
+    /// The empty value of a type: false, 0, no text, a container without storage.
     XJsonValue(Type type = Null);
+    /// A value of type Bool.
     XJsonValue(bool value) : mValue(value), mStorage(0) {}
+    /// A value of type Double; a 64-bit integer beyond 2^53 in size is rounded.
+    ///@{
     XJsonValue(int number) : XJsonValue(static_cast<double>(number)) {}
     XJsonValue(qint64 number) : XJsonValue(static_cast<double>(number)) {}
     XJsonValue(double number);
+    ///@}
+    /// A value of type String.
+    ///@{
     XJsonValue(const QString &text);
     XJsonValue(QLatin1String text) : XJsonValue(QString(text)) {}
 #ifndef QT_NO_CAST_FROM_ASCII
     XJsonValue(const char *utf8) : XJsonValue(QString::fromUtf8(utf8)) {}
 #endif
+    ///@}
     XJsonValue(const void *) = delete; // or else a pointer would quietly become a boolean
+    /// A value that shares the contents of the container; one without storage stays without.
+    ///@{
     XJsonValue(const XJsonArray &array);
     XJsonValue(const XJsonObject &object);
+    ///@}
 
+    /// The same type and contents; a text or container is shared.
     XJsonValue(const XJsonValue &other) = default;
+    /// Takes the contents; other may then only be assigned to or destroyed.
     XJsonValue(XJsonValue &&other) noexcept = default;
     ~XJsonValue()
     {
         if (mLevels > kShallow)
             letGo(mValue);
     }
+    /// Shares the contents of other in place of its own.
     XJsonValue &operator=(const XJsonValue &other)
     {
         XJsonValue copy(other);
         swap(copy);
         return *this;
     }
+    /// Exchanges the contents.
+    ///@{
     XJsonValue &operator=(XJsonValue &&other) noexcept
     {
         swap(other);
@@ -79,6 +95,7 @@ public:
         std::swap(mStorage, other.mStorage);
         std::swap(mLevels, other.mLevels);
     }
+    ///@}
 
     /// The value for a variant: booleans, int, unsigned, 64-bit integers and double, QString, QStringList,
     /// QVariantList, QVariantMap and QVariantHash by their kind. Any other variant gives the text of
@@ -94,10 +111,13 @@ public:
     /// The same value in Qt's own classes. Qt keeps no sign of zero.
     QJsonValue toJsonValue() const;
 
+    /// The type; Null for a default value.
     Type type() const
     {
         return static_cast<Type>(mValue.type());
     }
+    /// Is the value of this type? Undefined is not Null.
+    ///@{
     bool isNull() const
     {
         return type() == Null;
@@ -126,7 +146,9 @@ public:
     {
         return type() == Undefined;
     }
+    ///@}
 
+    /// The boolean; the default for other types, a number included.
     bool toBool(bool defaultValue = false) const
     {
         return mValue.toBool(defaultValue);
@@ -135,6 +157,7 @@ public:
     /// The number as an int; the default also when the number is not integral or beyond the int range.
     int toInt(int defaultValue = 0) const;
 
+    /// The number, NaN and infinities included; the default for other types.
     double toDouble(double defaultValue = 0) const
     {
         const double number = mValue.toDouble(defaultValue);
@@ -146,23 +169,29 @@ public:
     {
         return mValue.toString();
     }
+    /// The text; the default for other types.
     QString toString(const QString &defaultValue) const
     {
         return mValue.toString(defaultValue);
     }
 
     /// The container; one without storage for other types.
+    ///@{
     XJsonArray toArray() const;
     XJsonObject toObject() const;
+    ///@}
 
     /// The container; the default for other types, and also where the value holds a container without
     /// storage.
+    ///@{
     XJsonArray toArray(const XJsonArray &defaultValue) const;
     XJsonObject toObject(const XJsonObject &defaultValue) const;
+    ///@}
 
     /// True for the same type and contents. Numbers compare as doubles do, so that a value holding NaN equals
     /// nothing but itself inside shared storage. A container without storage equals an empty one.
     bool operator==(const XJsonValue &other) const;
+    /// The opposite of ==.
     bool operator!=(const XJsonValue &other) const
     {
         return !(*this == other);

@@ -14,8 +14,12 @@ namespace VorSystem
 class VORJSON_EXPORT XJsonValueRef
 {
 public:
+    /// The place at index, in the object's order of keys. The container, which must be there, is not owned.
+    ///@{
     XJsonValueRef(XJsonArray *array, int index) : mArray(array), mIndex(index) {}
     XJsonValueRef(XJsonObject *object, int index) : mObject(object), mIndex(index) {}
+    ///@}
+    /// Another name of the same place.
     XJsonValueRef(const XJsonValueRef &other) = default;
     ~XJsonValueRef() = default;
 
@@ -26,8 +30,11 @@ public:
     /// Writes the value found at the other place; the reference itself stays where it is.
     XJsonValueRef &operator=(const XJsonValueRef &other);
 
+    /// The value that stands at the place now.
     operator XJsonValue() const;
 
+    /// What the operation of the same name in XJsonValue answers for the value that stands at the place now.
+    ///@{
     QVariant toVariant() const { return value().toVariant(); }
     XJsonValue::Type type() const { return value().type(); }
     bool isNull() const { return value().isNull(); }
@@ -45,9 +52,13 @@ public:
     QString toString(const QString &defaultValue) const { return value().toString(defaultValue); }
     XJsonArray toArray() const;
     XJsonObject toObject() const;
+    ///@}
 
+    /// Compares the value that stands at the place now, as XJsonValue does.
+    ///@{
     bool operator==(const XJsonValue &other) const { return value() == other; }
     bool operator!=(const XJsonValue &other) const { return value() != other; }
+    ///@}
 
 private:
     XJsonValue value() const { return *this; }
