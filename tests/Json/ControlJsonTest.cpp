@@ -90,6 +90,32 @@ TEST_F(ControlJson, skeletonIsStoredKeyByKey)
                   base(mSide) + ",'segment_name':'Side','set_name':'Set'}]}");
 }
 
+TEST_F(ControlJson, controlsWithoutAnElementAreStoredKeyByKey)
+{
+    const std::string base = "{'direction':false,'points':[{},{}]}";
+    EXPECT_EQ(text((new ControlCenter(mRead.get()))->toJson()), "{'base':" + base + "}");
+    EXPECT_EQ(text((new ControlFrame(mRead.get()))->toJson()), "{'base':" + base + ",'is_agrees_link':true}");
+    EXPECT_EQ(text((new ControlSegment(mRead.get()))->toJson()), "{'base':" + base + "}");
+    EXPECT_EQ(text(mRead->toJson()), "{'center':{'base':" + base + "},'frames':[{'base':" + base +
+                                         ",'is_agrees_link':true}],'segments':[{'base':" + base + "}]}");
+}
+
+TEST_F(ControlJson, selectionIsNoPartOfTheForm)
+{
+    mPiece.skeleton()->adjustSelection(false);
+    const std::string unselected = text(stored());
+    mPiece.skeleton()->adjustSelection(true);
+    mChest->setRegionSelection(true);
+    EXPECT_EQ(text(stored()), unselected);
+}
+
+TEST_F(ControlJson, pointsAndBothEndsOfAChordMayBeOneVector)
+{
+    read("{" + axis() + ",'frames':[" + frame("[" + id(mPiece.right(2)) + "," + id(mPiece.right(2)) + "]") +
+         "]}");
+    EXPECT_TRUE(mRead->getFrameLists().at(0)->isMeasureZero());
+}
+
 TEST_F(ControlJson, skeletonReadsBackOntoACopyOfItsPiece)
 {
     mChest->setAgreesLink(false);
@@ -204,6 +230,46 @@ TEST_F(ControlJson, controlThatLostItsPieceButNamesAnUnknownElementIsAnError)
               kUnresolvedFrame);
 }
 
+TEST_F(ControlJson, segmentThatLostItsPieceButNamesAnUnknownElementIsAnErrorToo)
+{
+    EXPECT_EQ(failure("{'segments':[" + frame("[]", ",'set_name':'gone'") + "]}"), kUnresolvedSegment);
+}
+
+TEST_F(ControlJson, vectorsAreSoughtBeforeElements)
+{
+    const std::string unknown = frame("[{'id':100000}]", ",'set_name':'gone'");
+    EXPECT_EQ(failure("{" + axis() + ",'frames':[" + unknown + "]}"), kUnknownVector);
+    startAgain();
+    EXPECT_EQ(failure("{'segments':[" + unknown + "]}"), kUnknownVector);
+    startAgain();
+    EXPECT_EQ(failure("{'center':" + unknown + ",'frames':[" + frame("[]", ",'set_name':'gone'") + "]}"),
+              kUnknownVector);
+}
+
+TEST_F(ControlJson, whatWasReadBeforeAFailureStaysAndNothingFollows)
+{
+    const std::string whole = frame("[" + id(mPiece.left(2)) + "," + id(mPiece.right(2)) + "]");
+    const std::string unknown = frame("[" + id(mPiece.left(3)) + ",{'id':100000}]");
+    EXPECT_EQ(failure("{" + axis() + ",'frames':[" + whole + "],'segments':[" + whole + "," + unknown + "," +
+                      whole + "]}"),
+              kUnknownVector);
+    EXPECT_EQ(mRead->getFrameCenter()->Get_Frame_Centre(), mPiece.frameCenter());
+    EXPECT_EQ(mRead->getFrameLists().count(), 1);
+    ASSERT_EQ(mRead->getSegmentLists().count(), 2);
+    // The vector before the unknown one was taken already.
+    EXPECT_EQ(mRead->getSegmentLists().at(1)->getVectorContour1()->Num_ID(), mPiece.left(3)->Num_ID());
+    EXPECT_EQ(mRead->getSegmentLists().at(1)->getVectorContour2(), nullptr);
+}
+
+TEST_F(ControlJson, elementIsNotSoughtWithoutASet)
+{
+    const std::string points = "[" + id(mPiece.left(2)) + "," + id(mPiece.right(2)) + "]";
+    read("{" + axis() + ",'frames':[" + frame(points, ",'set_name':'','frame_name':'Hem'") +
+         "],'segments':[" + frame(points, ",'segment_name':'gone'") + "]}");
+    EXPECT_EQ(mRead->getFrameLists().at(0)->getFrameFrame(), nullptr);
+    EXPECT_EQ(mRead->getSegmentLists().at(0)->getFrameSegment(), nullptr);
+}
+
 TEST_F(ControlJson, directionIsTakenAsItStands)
 {
     for (const char *direction : {"true", "false", "1", "null"}) {
@@ -302,6 +368,47 @@ TEST_F(ControlJson, frameThatNamesItsElementNeedsTheCenterOfItsSkeleton)
     EXPECT_EQ(failure("{" + center("") + "," + frames), kUnresolvedFrame); // a center without an element
 }
 
+// A frame is stored by its bare name: it is sought on the center of the skeleton, whatever center it is of.
+TEST_F(ControlJson, frameOfAnotherCenterBecomesTheOneOfThatNameOrFails)
+{
+    FrameCenter *const back = mPiece.set()->newCenter(QStringLiteral("Back"));
+    FrameFrame *const twin = mPiece.set()->newFrame(QStringLiteral("Hem"), back);
+    mPiece.set()->newFrame(QStringLiteral("Hip"), back);
+    new ControlFrame(mPiece.left(1), mPiece.right(1), mPiece.skeleton(), twin);
+    mRead->fromJson(stored(), manager());
+    EXPECT_EQ(mRead->getFrameLists().at(2)->getFrameFrame(), mHem->getFrameFrame());
+
+    startAgain();
+    EXPECT_EQ(failure("{" + axis() + ",'frames':[" +
+                      frame("[" + id(mPiece.left(1)) + "]", ",'set_name':'Set','frame_name':'Hip'") + "]}"),
+              kUnresolvedFrame);
+}
+
+TEST_F(ControlJson, frameIsSoughtInTheSetThatItNames)
+{
+    auto *const other = new FrameSet(QStringLiteral("Other"), manager());
+    manager()->addFrameSet(other, -1);
+    const std::string frames =
+        ",'frames':[" + frame("[" + id(mPiece.left(1)) + "]", ",'set_name':'Other','frame_name':'Hem'") +
+        "]}";
+    EXPECT_EQ(failure("{" + axis() + frames), kUnresolvedFrame);
+    FrameFrame *const hem =
+        other->newFrame(QStringLiteral("Hem"), other->newCenter(QStringLiteral("Center")));
+    startAgain();
+    read("{" + axis() + frames);
+    EXPECT_EQ(mRead->getFrameLists().at(0)->getFrameFrame(), hem);
+}
+
+// Stored, and not found again: the colon splits what is one name.
+TEST_F(ControlJson, centerWithAColonInItsNameIsNotFoundAgain)
+{
+    mPiece.frameCenter()->setName(QStringLiteral("Cen:ter"));
+    const XJsonObject form = stored();
+    EXPECT_EQ(form.value(QStringLiteral("center")).toObject().value(QStringLiteral("center_name")).toString(),
+              QStringLiteral("Cen:ter"));
+    EXPECT_THROW(mRead->fromJson(form, manager()), AssertionError);
+}
+
 TEST_F(ControlJson, framesWithoutElementsNeedNoCenter)
 {
     const std::string chord = frame("[" + id(mPiece.left(2)) + "," + id(mPiece.right(2)) + "]");
@@ -322,6 +429,46 @@ TEST_F(ControlJson, laterFramesTakeTheSideOfTheFirst)
     EXPECT_TRUE(second->getContourDirection1To2()); // the stored false, inverted with the swap
 }
 
+// Copying a skeleton leaves every chord as it is; reading turns it to the side of the first one.
+TEST_F(ControlJson, chordsThatACopyLeftAsTheyWereAreTurnedByTheFirstReading)
+{
+    ControlFrame *const third = mPiece.chord("Waist", 2);
+    third->setVectorContour(1, mPiece.left(2)); // the others begin on the right
+    third->setVectorContour(2, mPiece.right(2));
+    mRead.reset();
+    mRead = std::make_unique<ControlSkeleton>(mCopy.get(), mCopy->firstGabarit(), mPiece.skeleton());
+    const XJsonObject copied = mRead->toJson();
+    EXPECT_EQ(text(copied), text(stored()));
+
+    startAgain();
+    mRead->fromJson(copied, manager());
+    EXPECT_NE(text(mRead->toJson()), text(copied));
+    EXPECT_EQ(mRead->getFrameLists().at(2)->getVectorContour(1)->Num_ID(), mPiece.right(2)->Num_ID());
+    EXPECT_NE(mRead->getFrameLists().at(2)->getContourDirection1To2(), third->getContourDirection1To2());
+
+    const XJsonObject turned = mRead->toJson();
+    startAgain();
+    mRead->fromJson(turned, manager());
+    EXPECT_EQ(text(mRead->toJson()), text(turned));
+}
+
+// Deliberate: the rule of the common side asks nothing of the second vector, so that a half chord on the
+// other side comes out with its only vector in the second place. Where a half is doubled there are no sides.
+TEST_F(ControlJson, halfChordOnTheOtherSideIsTurnedAsAWholeOne)
+{
+    const std::string frames = ",'frames':[" +
+                               frame("[" + id(mPiece.left(2)) + "," + id(mPiece.right(2)) + "]") + "," +
+                               frame("[" + id(mPiece.right(3)) + ",{}]") + "]}";
+    read("{" + axis() + frames);
+    EXPECT_EQ(mRead->getFrameLists().at(1)->getVectorContour(1), nullptr);
+    EXPECT_EQ(mRead->getFrameLists().at(1)->getVectorContour(2)->Num_ID(), mPiece.right(3)->Num_ID());
+
+    startAgain();
+    mPiece.frameCenter()->setCharacteristic(FrameCenter::Characteristic_OneSideDoubled);
+    read("{" + axis() + frames);
+    EXPECT_EQ(mRead->getFrameLists().at(1)->getVectorContour(1)->Num_ID(), mPiece.right(3)->Num_ID());
+}
+
 TEST_F(ControlJson, frameWithoutAFirstVectorStopsTheReadingAndStays)
 {
     const std::string whole = frame("[" + id(mPiece.left(2)) + "," + id(mPiece.right(2)) + "]");
@@ -339,6 +486,22 @@ TEST_F(ControlJson, managerIsNeededAsSoonAsThereIsAControl)
         startAgain();
         EXPECT_THROW(mRead->fromJson(object(skeleton), nullptr), AssertionError) << skeleton;
     }
+}
+
+TEST_F(ControlJson, managerIsAskedForBeforeAnythingIsRead)
+{
+    const auto refusal = [&](ControlBase *control, const auto &reading) {
+        const std::string said = jsontest::thrown(reading);
+        EXPECT_EQ(control->getVectorContour(1), nullptr);
+        return said.substr(0, said.find(" | ", said.find(" | ") + 1));
+    };
+    const XJsonObject form = object(frame("[" + id(mPiece.at(1)) + "," + id(mPiece.at(2)) + "]").c_str());
+    auto *const center = new ControlCenter(mRead.get());
+    auto *const chord = new ControlFrame(mRead.get());
+    auto *const segment = new ControlSegment(mRead.get());
+    EXPECT_EQ(refusal(center, [&] { center->fromJson(form, nullptr); }), kUnresolvedCenter);
+    EXPECT_EQ(refusal(chord, [&] { chord->fromJson(form, nullptr); }), kUnresolvedFrame);
+    EXPECT_EQ(refusal(segment, [&] { segment->fromJson(form, nullptr); }), kUnresolvedSegment);
 }
 
 TEST_F(ControlJson, usedSkeletonIsNotReadInto)
