@@ -4,7 +4,7 @@
 #include "JsonPlace.h"
 #include "PieceJson.h"
 #include "ReadBack.h"
-#include "SetFromJson.h"
+#include "SetsFromJson.h"
 #include "SkeletonFromJson.h"
 
 #include <VorConjoin/CDbGroupObject.h>
@@ -101,14 +101,9 @@ void readSets(const JsonPlace &stored, PatternDocument &document, Reading &readi
     if (!stored.isThere())
         return;
     stored.onlyKeys({"frames"});
-    stored["frames"].forEach([&](const JsonPlace &set) {
-        const QString why = setFromJson(set.value(), document, reading.told);
-        reading.leftOut << why;
-        if (why.isEmpty())
-            return;
-        document.keepLostSet(set.value());
-        reading.told << why;
-    });
+    const JsonPlace sets = stored["frames"];
+    sets.require(!sets.isThere() || sets.value().isArray(), "is not a list");
+    reading.leftOut = setsFromJson(sets.value().toArray(), document, reading.told);
 }
 
 void readSkeleton(const JsonPlace &stored, GabaritObject *gabarit, PatternDocument &document,

@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QSet>
 #include <boost/make_shared.hpp>
+#include <utility>
 
 namespace VorSystem
 {
@@ -44,11 +45,16 @@ GestFrames &GestFrames::operator=(const GestFrames &other)
 
 GestFrames::~GestFrames()
 {
-    while (!mFrameSets.isEmpty()) {
-        FrameSet *const set = mFrameSets.takeFirst();
-        mFrameSets.removeAll(set);
-        set->setFrameManager(
-            nullptr); // so that it does not look for itself, nor for a document that may be dying
+    // Each set once, however often it is listed, and without a search of the list for any.
+    const QListEx<FrameSet *> doomed = std::move(mFrameSets);
+    mFrameSets.clear();
+    QSet<FrameSet *> deleted;
+    for (FrameSet *set : doomed) {
+        if (deleted.contains(set))
+            continue;
+        deleted.insert(set);
+        // It does not look for itself, nor for a document that may be dying.
+        set->setFrameManager(nullptr);
         delete set;
     }
 }

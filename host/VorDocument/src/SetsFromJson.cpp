@@ -1,4 +1,4 @@
-#include "SetFromJson.h"
+#include "SetsFromJson.h"
 
 #include "FormulaArrivals.h"
 #include "Told.h"
@@ -31,7 +31,8 @@ QString textIn(const QJsonObject &object, const char *key)
     return object.value(QLatin1String(key)).toString();
 }
 
-// The reading of a set outside any manager's list, up to the place where it fails.
+// The reading of a set outside any manager's list, up to the place where it fails; the set arrives at a
+// manager when and only when this does not fail.
 class TrialReading
 {
 public:
@@ -40,6 +41,7 @@ public:
         const RelayBaton centimetres = VorCoreApplication::instance().resetAppUnitToCentimetre();
         try {
             mSet.fromJson(XJsonObject::fromJsonObject(stored));
+            mSet.adjustMeasuresLevels();
         } catch (const AssertionError &) {
             mFails = true;
         }
@@ -110,28 +112,40 @@ QString whyLeftOut(const QJsonObject &stored, GestFrames *manager)
 
 } // namespace
 
-QString setFromJson(const QJsonValue &stored, PatternDocument &document, QStringList &told)
+QStringList setsFromJson(const QJsonArray &stored, PatternDocument &document, QStringList &told)
 {
-    const QJsonObject object = stored.toObject();
-    const QString name = QStringLiteral("The set \"%1\"").arg(textIn(object, "set_name"));
-    if (!stored.isObject())
-        return QStringLiteral("A set was left out: it is not an object.");
+    GestFrames *const manager = document.framesManager();
+    QJsonArray objects;
+    for (const QJsonValue set : stored) {
+        if (set.isObject()) // the library would take anything else for a set without a name
+            objects.append(set);
+    }
+    manager->fromJson(XJsonObject::fromJsonObject({{QStringLiteral("frames"), objects}}), true);
+    const QListEx<FrameSet *> arrived = manager->getFrameSets();
 
-    // In a manager of its own the set is known to be the one that arrived.
-    GestFrames one;
-    one.setDocument(&document);
-    one.fromJson(XJsonObject::fromJsonObject({{QStringLiteral("frames"), QJsonArray{stored}}}), true);
-    const QListEx<FrameSet *> arrived = one.getFrameSets();
-    if (arrived.isEmpty())
-        return QStringLiteral("%1 was left out: %2.").arg(name, whyLeftOut(object, document.framesManager()));
-
-    FrameSet *const set = arrived.first();
-    set->aTransferredManager(document.framesManager());
-    Told losses(name);
-    tellUnreadOfSet(object, losses);
-    tellFormulasThatDidNotArrive(listIn(object, "formulars"), *set, losses);
-    told << losses.sentences();
-    return QString();
+    QStringList whyLeft;
+    const bool allArrived = arrived.size() == objects.size();
+    int next = 0;
+    for (const QJsonValue set : stored) {
+        const QJsonObject object = set.toObject();
+        const QString name = QStringLiteral("The set \"%1\"").arg(textIn(object, "set_name"));
+        if (!set.isObject()) {
+            whyLeft << QStringLiteral("A set was left out: it is not an object.");
+        } else if (!allArrived && TrialReading(object, manager).fails()) {
+            whyLeft << QStringLiteral("%1 was left out: %2.").arg(name, whyLeftOut(object, manager));
+        } else {
+            whyLeft << QString();
+            Told losses(name);
+            tellUnreadOfSet(object, losses);
+            tellFormulasThatDidNotArrive(listIn(object, "formulars"), *arrived.at(next), losses);
+            told << losses.sentences();
+            ++next;
+            continue;
+        }
+        told << whyLeft.last();
+        document.keepLostSet(set);
+    }
+    return whyLeft;
 }
 
 } // namespace VorSystem
