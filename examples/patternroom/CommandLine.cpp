@@ -277,10 +277,12 @@ int runDraw(Line &line)
     line.describe(QStringLiteral("DOC"), QStringLiteral("Draws a document as SVG in true millimetres."),
                   QStringLiteral("draw bodice.vor.json -o bodice.svg"));
     line.value("o", "FILE", "Write the drawing to FILE; standard output by default.");
-    line.value("before", "DOC2", "Draw the nests of DOC2 and DOC on top of each other.");
+    line.value("before", "DOC2",
+               "Draw the nests of DOC2 and DOC, or one size of them, on top of each other.");
     line.value("piece", "PIECE", "Only this piece.");
     line.value("sizes", "NAMES", "Only these sizes, and the nest.");
-    line.value("stack", "POINT", "Lay the sizes on top of each other at a point.");
+    line.value("stack", "POINT",
+               "Lay the sizes on top of each other at a point; with --before, DOC2 onto DOC.");
     line.flag("bare", "Without centers, frames and segments.");
     if (!line.parse(1, 1))
         return Exit_Done;

@@ -103,7 +103,56 @@ TEST_F(DocumentDrawingTest, leavesOutWhatIsNotWanted)
     options.withSkeletons = false;
     const Seen seen(drawDocument(document, options));
 
-    EXPECT_EQ(seen.count("path.cut"), 1); // in the legend
+    EXPECT_EQ(seen.count("path.cut"), 0);
+    EXPECT_EQ(seen.count("g.skeleton"), 0);
+    EXPECT_EQ(seen.count("g.sample"), 0);
+}
+
+TEST_F(DocumentDrawingTest, theLegendNamesWhatIsDrawnAndNothingElse)
+{
+    const Seen seen(drawDocument(document));
+    EXPECT_EQ(seen.texts.at("40 base"), 1);
+    EXPECT_EQ(seen.texts.at("cut line"), 1);
+    EXPECT_EQ(seen.count("g.sample axis"), 1);
+    EXPECT_EQ(seen.count("g.sample frame"), 1);
+    EXPECT_EQ(seen.count("g.sample segment"), 1);
+
+    document.removePiece(document.pieces()[1]); // the one with a skeleton
+    document.removePiece(document.pieces()[0]); // the one with a seam allowance
+    const Seen bare(drawDocument(document));
+    EXPECT_EQ(bare.texts.count("cut line"), 0U);
+    EXPECT_EQ(bare.count("g.sample axis") + bare.count("g.sample frame") + bare.count("g.sample segment"), 0);
+}
+
+TEST_F(DocumentDrawingTest, noTwoSizesLookAlike)
+{
+    QStringList names;
+    for (int size = 1; size <= 37; ++size)
+        names << QString::number(size);
+    ASSERT_TRUE(document.setSizes(names, 19));
+
+    const QString style = QString::fromUtf8(drawDocument(document)).section(text("</style>"), 0, 0);
+    QStringList looks;
+    for (const QString &line : style.split(QLatin1Char('\n'))) {
+        if (line.startsWith(text(" .size-")) && line.contains(text(" path ")))
+            looks << line.section(text(" path "), 1);
+    }
+    EXPECT_EQ(looks.size(), 36);
+    EXPECT_EQ(looks.removeDuplicates(), 0);
+}
+
+TEST_F(DocumentDrawingTest, marksThePointsAtWhichSizesWereLaidTogether)
+{
+    DrawingOptions options;
+    options.stacks = {document.pieces()[0]->firstGabarit()->mFirstVector,
+                      document.pieces()[2]->firstGabarit()->mFirstVector};
+
+    EXPECT_EQ(Seen(drawDocument(document, options)).count("g.stack"), 2);
+    PatternDocument before;
+    ASSERT_TRUE(documentFromText(documentToText(document), before));
+    options.withSkeletons = false;
+    const Seen seen(drawOverlay(before, document, 0, options));
+    EXPECT_EQ(seen.count("g.stack"), 2);
     EXPECT_EQ(seen.count("g.skeleton"), 0);
 }
 

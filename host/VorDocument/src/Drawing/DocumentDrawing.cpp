@@ -37,6 +37,8 @@ const char kStyle[] = R"(
  text { font-family: 'DejaVu Sans', 'Liberation Sans', Arial, sans-serif; fill: #1a1a1a }
  path.face { fill: #faf6ec; stroke: none }
  .base path.seam, .base path.leg, .base path.notch { stroke: #000000; stroke-width: 1.1 }
+ .base text.small { fill: #000000; font-weight: bold }
+ .stack path { stroke: #000000; stroke-width: 0.8 }
  path.cap { stroke-width: 0.4; stroke-dasharray: 2 2 }
  path.cut { stroke: #7a7a7a; stroke-width: 0.55; stroke-dasharray: 12 3 2 3 }
  path.inner { stroke: #555555; stroke-width: 0.4; stroke-dasharray: 6 3 }
@@ -60,10 +62,17 @@ short sizeCountOf(const PatternDocument &document)
     return GradationData::sizes(document.gradationData());
 }
 
-// Sizes that neighbour each other never look alike.
-std::size_t looksOf(short size, short nest)
+// How a size is drawn. Colours come again after six, with other dashes: 36 sizes look different, and
+// neighbours never share a colour.
+struct Looks {
+    const char *colour;
+    const char *dashes;
+};
+
+Looks looksOf(short size, short nest)
 {
-    return static_cast<std::size_t>(size < nest ? size - 1 : size - 2) % kColours.size();
+    const auto rank = static_cast<std::size_t>(size < nest ? size - 1 : size - 2);
+    return {kColours[rank % kColours.size()], kDashes[(rank + rank / kColours.size()) % kDashes.size()]};
 }
 
 QByteArray styleOf(const PatternDocument &document)
@@ -72,11 +81,11 @@ QByteArray styleOf(const PatternDocument &document)
     for (short size = 1; size <= sizeCountOf(document); ++size) {
         if (size == nestOf(document))
             continue;
-        const std::size_t looks = looksOf(size, nestOf(document));
+        const Looks looks = looksOf(size, nestOf(document));
         const QByteArray number = QByteArray::number(size);
-        style += " .size-" + number + " path { stroke: " + kColours[looks] +
-                 "; stroke-width: 0.5; stroke-dasharray: " + kDashes[looks] + " }\n";
-        style += " .size-" + number + " text { fill: " + kColours[looks] + " }\n";
+        style += " .size-" + number + " path { stroke: " + looks.colour +
+                 "; stroke-width: 0.5; stroke-dasharray: " + looks.dashes + " }\n";
+        style += " .size-" + number + " text { fill: " + looks.colour + " }\n";
     }
     return style;
 }
@@ -128,9 +137,12 @@ public:
         drawSize(sheet, place, nestOf(mDocument)); // on top of the others
         if (options.withSkeletons)
             drawSkeletons(sheet, place, mPiece, base());
+        sheet.stacks(options.stacks, mPiece, base(), place);
         drawName(sheet, place);
         sheet.endGroup();
     }
+
+    bool hasCutLine() const { return !base().cutLines().empty(); }
 
 private:
     const PieceShape &shape(short size) const { return mShapes[static_cast<std::size_t>(size - 1)]; }
@@ -341,26 +353,63 @@ private:
     double mRoom = 0.0;                   ///< between neighbouring sizes there, cm
 };
 
-void drawLegend(SvgSheet &sheet, const PatternDocument &document, double left, double right, double y)
+// Samples of lines with their meaning, row by row.
+class Legend
 {
-    sheet.beginGroup(QStringLiteral("legend"), QStringLiteral("Legend"));
-    double x = left;
-    const auto sample = [&](const QString &path, const QString &words) {
-        if (x > left && x + 32.0 > right) {
-            x = left;
-            y += 11.0;
-        }
-        sheet.line(path, GeoPoint2D(x, y - 1.6), GeoPoint2D(x + 16.0, y - 1.6));
-        sheet.text(QStringLiteral("label"), GeoPoint2D(x + 18.5, y), 5.0, words, "start");
-        x += 24.0 + 3.4 * std::max(words.size(), 3);
-    };
-    for (short size = 1; size <= sizeCountOf(document); ++size) {
-        sheet.beginGroup(sizeClass(document, size));
-        const QString name = document.sizeName(size);
-        sample(QStringLiteral("seam"), name.isEmpty() ? QStringLiteral("seam") : name);
-        sheet.endGroup();
+public:
+    Legend(SvgSheet &sheet, double left, double right, double y)
+        : mSheet(sheet), mLeft(left), mRight(right), mX(left), mY(y)
+    {
     }
-    sample(QStringLiteral("cut"), QStringLiteral("cut line"));
+
+    void add(const QString &group, const QString &path, const QString &words)
+    {
+        const double width = 24.0 + 3.4 * std::max(words.size(), 3);
+        if (mX > mLeft && mX + width - 5.0 > mRight) {
+            mX = mLeft;
+            mY += 11.0;
+        }
+        mSheet.beginGroup(group);
+        mSheet.line(path, GeoPoint2D(mX, mY - 1.6), GeoPoint2D(mX + 16.0, mY - 1.6));
+        mSheet.text(QStringLiteral("label"), GeoPoint2D(mX + 18.5, mY), 5.0, words, "start");
+        mSheet.endGroup();
+        mX += width;
+    }
+
+private:
+    SvgSheet &mSheet;
+    double mLeft;
+    double mRight;
+    double mX;
+    double mY;
+};
+
+void drawLegend(SvgSheet &sheet, const PatternDocument &document, const std::vector<PieceDrawing> &drawings,
+                const DrawingOptions &options, double left, double right, double y)
+{
+    SkeletonKinds kinds;
+    for (const CDbGroupObject *piece : document.pieces())
+        kinds.include(*piece);
+    const bool hasCutLine = std::any_of(drawings.begin(), drawings.end(),
+                                        [](const PieceDrawing &drawing) { return drawing.hasCutLine(); });
+    sheet.beginGroup(QStringLiteral("legend"), QStringLiteral("Legend"));
+    Legend legend(sheet, left, right, y);
+    for (short size = 1; size <= sizeCountOf(document); ++size) {
+        const QString name = document.sizeName(size);
+        const bool isBase = size == nestOf(document);
+        legend.add(sizeClass(document, size), QStringLiteral("seam"),
+                   name.isEmpty() ? QStringLiteral("seam")
+                   : isBase       ? QStringLiteral("%1 base").arg(name)
+                                  : name);
+    }
+    if (options.withAllowances && hasCutLine)
+        legend.add(QStringLiteral("sample"), QStringLiteral("cut"), QStringLiteral("cut line"));
+    if (options.withSkeletons && kinds.centers)
+        legend.add(QStringLiteral("sample axis"), QStringLiteral("axis"), QStringLiteral("center"));
+    if (options.withSkeletons && kinds.frames)
+        legend.add(QStringLiteral("sample frame"), QStringLiteral("frame"), QStringLiteral("frame"));
+    if (options.withSkeletons && kinds.segments)
+        legend.add(QStringLiteral("sample segment"), QStringLiteral("segment"), QStringLiteral("segment"));
     sheet.endGroup();
 }
 
@@ -382,8 +431,8 @@ QByteArray drawDocument(const PatternDocument &document, const DrawingOptions &o
         drawings[piece].draw(sheet, layout.places[piece], options);
 
     const double foot = layout.height - SheetLayout::kMargin;
-    drawLegend(sheet, document, SheetLayout::kMargin, layout.width - SheetLayout::kMargin - 130.0,
-               foot - 11.0);
+    drawLegend(sheet, document, drawings, options, SheetLayout::kMargin,
+               layout.width - SheetLayout::kMargin - 130.0, foot - 11.0);
     drawScaleBar(sheet, layout.width - SheetLayout::kMargin - 106.0, foot - 7.0);
     return sheet.finish();
 }

@@ -26,6 +26,7 @@ const char kStyle[] = R"(
  text.name, text.heading { font-weight: bold }
  text.name { paint-order: stroke; stroke: #ffffff; stroke-opacity: 0.8; stroke-width: 1.6px }
  text.small { fill: #444444 }
+ .stack path { stroke: #000000; stroke-width: 0.8; stroke-dasharray: none }
 )";
 
 // A piece before and after; one of them may be missing.
@@ -86,7 +87,8 @@ std::vector<Change> changesOf(const PatternDocument &before, const PatternDocume
 
 } // namespace
 
-QByteArray drawOverlay(const PatternDocument &before, const PatternDocument &after, short sizeNumber)
+QByteArray drawOverlay(const PatternDocument &before, const PatternDocument &after, short sizeNumber,
+                       const DrawingOptions &options)
 {
     const auto shapeBefore = [&](const CDbGroupObject &piece) {
         return PieceShape(piece, sizeIn(before, sizeNumber), before.gradationData());
@@ -121,8 +123,10 @@ QByteArray drawOverlay(const PatternDocument &before, const PatternDocument &aft
         if (change.before)
             drawShape(sheet, QStringLiteral("before"), layout.places[i], *change.before,
                       shapeBefore(*change.before));
-        if (change.after)
+        if (change.after && options.withSkeletons)
             drawSkeletons(sheet, layout.places[i], *change.after, shapeAfter(*change.after));
+        if (change.after)
+            sheet.stacks(options.stacks, *change.after, shapeAfter(*change.after), layout.places[i]);
         std::vector<GeoPoint2D> obstacles;
         const PieceShape shape = change.after ? shapeAfter(named) : shapeBefore(named);
         shape.appendTrail(obstacles);

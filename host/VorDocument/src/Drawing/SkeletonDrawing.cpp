@@ -12,6 +12,7 @@
 #include <VorFrames/FrameSegment.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace VorSystem
 {
@@ -21,7 +22,8 @@ const char kSkeletonStyle[] = R"(
  .axis path { stroke: #00796b; stroke-width: 0.7; stroke-dasharray: 10 2 2 2 }
  .frame path { stroke: #00796b; stroke-width: 0.8 }
  .segment path { stroke: #b8860b; stroke-width: 2.6; stroke-opacity: 0.45 }
- .axis text, .frame text { fill: #00594f } .segment text { fill: #7a5a00 }
+ .axis text, .frame text { fill: #00594f }
+ .segment text { fill: #7a5a00 }
 )";
 
 namespace
@@ -99,6 +101,29 @@ void drawFrame(SvgSheet &sheet, const SheetPlace &place, const PieceShape &shape
     sheet.endGroup();
 }
 
+// At the middle of a strand, on its side towards the inside: along a strand that is nearly level, else level.
+void writeBeside(SvgSheet &sheet, const Strand &strand, const SheetPlace &place, const PieceShape &shape,
+                 const QString &name)
+{
+    const CubicCurve &curve = strand.curves[strand.curves.size() / 2];
+    const GeoPoint2D at = place.on(curve.at(0.4));
+    const GeoPoint2D ahead = place.on(curve.at(0.45));
+    const GeoPoint2D inside = place.on(shape.middle());
+    const GeoPoint2D along(ahead.mX - at.mX, ahead.mY - at.mY);
+    if (std::abs(along.mY) > std::abs(along.mX)) {
+        const bool isRight = at.mX > inside.mX;
+        sheet.text(QStringLiteral("label"), GeoPoint2D(at.mX + (isRight ? -4.0 : 4.0), at.mY), kLetters, name,
+                   isRight ? "end" : "start");
+        return;
+    }
+    const double turn = along.mX == 0.0 ? 0.0 : std::atan(along.mY / along.mX);
+    const GeoPoint2D below(-std::sin(turn), std::cos(turn));
+    const bool isBelow = below.mX * (inside.mX - at.mX) + below.mY * (inside.mY - at.mY) > 0.0;
+    const double off = isBelow ? 3.0 + kLetters : -4.0;
+    sheet.text(QStringLiteral("label"), GeoPoint2D(at.mX + off * below.mX, at.mY + off * below.mY), kLetters,
+               name, "middle", turn * 180.0 / std::acos(-1.0));
+}
+
 void drawSegment(SvgSheet &sheet, const SheetPlace &place, const PieceShape &shape,
                  const GabaritObject *gabarit, const ControlSegment &segment)
 {
@@ -113,14 +138,8 @@ void drawSegment(SvgSheet &sheet, const SheetPlace &place, const PieceShape &sha
     if (isOnContour)
         way = shape.stretch(gabarit, first, second, segment.getContourDirection1To2());
     sheet.strands(QStringLiteral("segment"), way, place);
-    if (!way.empty()) {
-        // Beside the middle of its first part, towards the inside.
-        const std::vector<CubicCurve> &curves = way.front().curves;
-        const GeoPoint2D at = place.on(curves[curves.size() / 2].at(0.4));
-        const bool isRight = at.mX > place.on(shape.middle()).mX;
-        sheet.text(QStringLiteral("label"), GeoPoint2D(at.mX + (isRight ? -4.0 : 4.0), at.mY), kLetters, name,
-                   isRight ? "end" : "start");
-    }
+    if (!way.empty())
+        writeBeside(sheet, way.front(), place, shape, name);
     sheet.endGroup();
 }
 
@@ -143,6 +162,17 @@ void drawSkeletons(SvgSheet &sheet, const SheetPlace &place, const CDbGroupObjec
         if (const ControlCenter *center = skeleton->getFrameCenter())
             drawCenter(sheet, place, shape, *center);
         sheet.endGroup();
+    }
+}
+
+void SkeletonKinds::include(const CDbGroupObject &piece)
+{
+    for (GabaritObject *gabarit = piece.firstGabarit(); gabarit; gabarit = gabarit->mNextGabarit) {
+        if (const ControlSkeleton *skeleton = gabarit->controlSkeleton()) {
+            centers = centers || skeleton->getFrameCenter();
+            frames = frames || !skeleton->getFrameLists().isEmpty();
+            segments = segments || !skeleton->getSegmentLists().isEmpty();
+        }
     }
 }
 

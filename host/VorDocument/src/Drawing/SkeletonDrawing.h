@@ -13,6 +13,15 @@ extern const char kSkeletonStyle[];
 void drawSkeletons(SvgSheet &sheet, const SheetPlace &place, const CDbGroupObject &piece,
                    const PieceShape &shape);
 
+/// Which kinds of control objects pieces have.
+struct SkeletonKinds {
+    bool centers = false;
+    bool frames = false;
+    bool segments = false;
+
+    void include(const CDbGroupObject &piece);
+};
+
 /// Axes and frames as straight lines, for what must keep off them.
 std::vector<CubicCurve> skeletonLines(const CDbGroupObject &piece, const PieceShape &shape);
 

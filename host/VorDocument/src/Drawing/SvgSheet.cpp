@@ -1,5 +1,7 @@
 #include "SvgSheet.h"
 
+#include <VorConjoin/CDbPointVOR.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -152,6 +154,23 @@ void SvgSheet::drillHole(const GeoPoint2D &at)
     circle(QStringLiteral("mark"), at, 2.5);
     line(QStringLiteral("mark"), GeoPoint2D(at.mX - 4.0, at.mY), GeoPoint2D(at.mX + 4.0, at.mY));
     line(QStringLiteral("mark"), GeoPoint2D(at.mX, at.mY - 4.0), GeoPoint2D(at.mX, at.mY + 4.0));
+}
+
+void SvgSheet::stacks(const std::vector<const CDbPointVOR *> &points, const CDbGroupObject &piece,
+                      const PieceShape &shape, const SheetPlace &place)
+{
+    for (const CDbPointVOR *point : points) {
+        if (point->group() != &piece)
+            continue;
+        const GeoPoint2D at = place.on(shape.placeOf(point));
+        beginGroup(QStringLiteral("stack"), QStringLiteral("Laid together here"));
+        path(QStringLiteral("mark"), QStringLiteral("M%1L%2M%3L%4")
+                                         .arg(pointText(GeoPoint2D(at.mX - 6.0, at.mY - 6.0)),
+                                              pointText(GeoPoint2D(at.mX + 6.0, at.mY + 6.0)),
+                                              pointText(GeoPoint2D(at.mX - 6.0, at.mY + 6.0)),
+                                              pointText(GeoPoint2D(at.mX + 6.0, at.mY - 6.0))));
+        endGroup();
+    }
 }
 
 GeoPoint2D SvgSheet::name(const QString &name, const PieceShape &shape,

@@ -41,6 +41,9 @@ public:
     void notches(const std::vector<NotchTick> &notches, const SheetPlace &place);
     /// A ring with a cross.
     void drillHole(const GeoPoint2D &at);
+    /// Crosses at those of the points that are of the piece.
+    void stacks(const std::vector<const CDbPointVOR *> &points, const CDbGroupObject &piece,
+                const PieceShape &shape, const SheetPlace &place);
     void strands(const QString &classes, const std::vector<Strand> &strands, const SheetPlace &place);
     /// Writes the name of a piece where it keeps off the points given; the middle of its foot on the sheet.
     GeoPoint2D name(const QString &name, const PieceShape &shape, const std::vector<GeoPoint2D> &obstacles,
