@@ -264,7 +264,9 @@ void addLink(const PatternDocument &document, const NameInSet &place, const AddO
     if (!ratios.isEmpty() && sharing != FrameLink::Measure_Fixed)
         throw Refusal(QStringLiteral("--ratios go with --share fixed."), Exit_Usage);
     if (!ratios.isEmpty() && ratios.size() != names.size())
-        throw Refusal(QStringLiteral("%1 ratios for %2 frames.").arg(ratios.size()).arg(names.size()));
+        throw Refusal(QStringLiteral("--ratios takes a number for each frame: %1 given, %2 needed.")
+                          .arg(ratios.size())
+                          .arg(names.size()));
     const std::vector<double> parts = ratiosOf(ratios);
     std::vector<FrameFrame *> frames;
     for (const QString &name : names) {
@@ -382,6 +384,9 @@ int add(const AddOptions &options)
         addSet(*document, options);
     } else if (options.kind == QLatin1String("point")) {
         addPoint(*document, options);
+    } else if (document->sizeNames().isEmpty()) {
+        throw Refusal(QStringLiteral("The document has no sizes, and so nothing in it has values: make it by "
+                                     "'new FILE --sizes NAMES'."));
     } else if (options.kind == QLatin1String("chart")) {
         set = addCharts(*document, options);
     } else {

@@ -70,12 +70,13 @@ public:
 
     void addTo(FrameSet *set, const QStringList &sizes) const
     {
+        if (rows().empty()) {
+            throw Refusal(QStringLiteral("'%1' holds no measures: a heading of sizes and a row per measure "
+                                         "are expected.")
+                              .arg(mOptions.csv));
+        }
         const std::vector<int> columns = columnsOf(sizes);
-        bool isEmpty = true;
-        for (int row = mHead + 1; row < mLines.size(); ++row) {
-            if (mLines.at(row).trimmed().isEmpty())
-                continue;
-            isEmpty = false;
+        for (const int row : rows()) {
             const QStringList cells = cellsOf(mLines.at(row), mSeparator);
             if (cells.first().isEmpty())
                 throw Refusal(QStringLiteral("The measure has no name (%1).").arg(place(row)));
@@ -84,14 +85,20 @@ public:
                 values.append(valueOf(cells, columns[static_cast<std::size_t>(size)], sizes.at(size), row));
             addChart(set, cells.first(), values);
         }
-        if (isEmpty) {
-            throw Refusal(QStringLiteral("'%1' holds no measures: a heading of sizes and a row per measure "
-                                         "are expected.")
-                              .arg(mOptions.csv));
-        }
     }
 
 private:
+    // The lines with something in them, below the headings.
+    std::vector<int> rows() const
+    {
+        std::vector<int> filled;
+        for (int row = mHead + 1; row < mLines.size(); ++row) {
+            if (!mLines.at(row).trimmed().isEmpty())
+                filled.push_back(row);
+        }
+        return filled;
+    }
+
     QString place(int row) const
     {
         return QStringLiteral("%1, line %2").arg(mOptions.csv, QString::number(row + 1));
@@ -135,10 +142,7 @@ FrameSet *addCharts(const PatternDocument &document, const AddOptions &options)
     }
     if (!options.csv.isEmpty()) {
         FrameSet *set = findSet(document, options.name);
-        QStringList sizes = document.sizeNames();
-        if (sizes.isEmpty())
-            throw Refusal(QStringLiteral("The document has no sizes: give its charts by --measures."));
-        ChartTable(options).addTo(set, sizes);
+        ChartTable(options).addTo(set, document.sizeNames());
         return set;
     }
     const NameInSet place = splitPath(document, options.name);

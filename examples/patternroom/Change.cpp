@@ -63,11 +63,14 @@ void requireFitting(const Element &target, const ChangeOptions &options)
         throw Refusal(inTheWay);
 }
 
-void requirePositive(const Element &target, const QListEx<double> &measures)
+// A chart may hold any number; a piece has no room for a length that is none.
+void requirePositive(const Element &target, const QListEx<double> &measures, const LengthStyle &style)
 {
     for (const double measure : measures) {
         if (!(measure > 0.0) && target.place.kind != Element_MeasurementChart)
-            throw Refusal(QStringLiteral("A measure of '%1' must be more than 0.").arg(target.fullName()));
+            throw Refusal(
+                QStringLiteral("The measure of '%1' must be more than 0 in every size, but would be %2.")
+                    .arg(target.fullName(), style.show(measure)));
     }
 }
 
@@ -109,9 +112,9 @@ Wish wishOf(const Element &target, const PatternDocument &document, const Change
         wish.level.reset();
     }
     if (wish.measures)
-        requirePositive(target, *wish.measures);
+        requirePositive(target, *wish.measures, options.style);
     if (wish.measure)
-        requirePositive(target, {*wish.measure});
+        requirePositive(target, {*wish.measure}, options.style);
     return wish;
 }
 

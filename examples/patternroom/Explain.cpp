@@ -34,16 +34,19 @@ QString passesInWords(const QListEx<double> &gaps, const LengthStyle &style)
     return text;
 }
 
-// The moves of a wish, each by itself, without what follows from it.
-QString movesInWords(const PatternDocument &document, const Wish &wish, const LengthStyle &style)
+// The moves of a wish, each by itself, without what follows from it. isObeyed stays as it was when all obey.
+QString movesInWords(const PatternDocument &document, const Wish &wish, const LengthStyle &style,
+                     bool &isObeyed)
 {
     QString text;
     for (const Move &move : movesOf(document, wish)) {
         const Moved moved = tryMove(document, move);
         text += QStringLiteral("Result %1 for '%2': %3.\n")
                     .arg(QString::number(moved.result), move.path, inWords(moved.result));
-        if (moved.result != Msg_Converged)
-            text += passesInWords(moved.gaps, style);
+        if (moved.result == Msg_Converged)
+            continue;
+        text += passesInWords(moved.gaps, style);
+        isObeyed = false;
     }
     return text;
 }
@@ -72,7 +75,7 @@ Follower detached(const Element &element, bool isLevel)
 
 // Everything but the elements that did not follow takes the road; then each of these is moved by itself.
 QString followersInWords(const PatternDocument &document, const Wish &wish, const Outcome &failed,
-                         const LengthStyle &style)
+                         const LengthStyle &style, bool &isObeyed)
 {
     const DocumentPtr copy = copyOf(document);
     const Rehearsal rehearsal(VorCoreApplication::instance().lengthUnit());
@@ -97,7 +100,9 @@ QString followersInWords(const PatternDocument &document, const Wish &wish, cons
         Wish own;
         own.element = follower.place;
         (follower.isLevel ? own.levels : own.measures) = wanted;
-        text += movesInWords(*copy, own, style);
+        text += QStringLiteral("Then '%1' is to follow '%2':\n")
+                    .arg(elementAt(*copy, follower.place).path(), follower.formula->toString()) +
+                movesInWords(*copy, own, style, isObeyed);
     }
     return text;
 }
@@ -196,10 +201,15 @@ QString explain(const PatternDocument &document, const Wish &wish, const Outcome
                 const LengthStyle &style)
 {
     QString text;
-    if (failed.isRefused)
+    bool isObeyed = true;
+    if (failed.isRefused) {
         text = QStringLiteral("Result: refused before anything moved.\n");
-    else
-        text = movesInWords(document, wish, style) + followersInWords(document, wish, failed, style);
+    } else {
+        text = movesInWords(document, wish, style, isObeyed) +
+               followersInWords(document, wish, failed, style, isObeyed);
+        if (isObeyed)
+            text += QStringLiteral("Each of these moves is obeyed by itself; together they are not.\n");
+    }
     return text + whatWorks(document, wish, style);
 }
 

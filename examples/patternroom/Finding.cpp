@@ -2,6 +2,8 @@
 #include "Garment.h"
 #include "Refusal.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <limits>
 #include <numeric>
@@ -55,6 +57,12 @@ int wayTo(const QString &wanted, const QString &name, int farthest)
     return isFar ? farthest + 1 : distanceOf(wanted, name);
 }
 
+// "Waist" of "Bodice/Front:Waist".
+QString bareName(const QString &path)
+{
+    return path.section(QLatin1Char('/'), -1).section(QLatin1Char(':'), -1);
+}
+
 QString quotedList(const QStringList &names, const QString &last)
 {
     QString text;
@@ -104,10 +112,9 @@ QString nearest(const QString &name, const QStringList &known)
     const int farthest = std::max(2, wanted.size() / 3);
     std::vector<std::pair<int, QString>> close;
     for (const QString &candidate : known) {
-        // A frame may be meant by its own name alone.
-        const int distance =
-            std::min(wayTo(wanted, folded(candidate), farthest),
-                     wayTo(wanted, folded(candidate.section(QLatin1Char(':'), -1)), farthest));
+        // It may be meant without its set, and a frame without its center.
+        const int distance = std::min(wayTo(wanted, folded(candidate), farthest),
+                                      wayTo(wanted, folded(bareName(candidate)), farthest));
         if (distance <= farthest)
             close.emplace_back(distance, candidate);
     }
@@ -149,13 +156,15 @@ Element findElement(const PatternDocument &document, const QString &name, const 
         return found.front();
 
     if (found.empty()) {
+        const bool isWithSet =
+            name.contains(QLatin1Char('/')) || document.framesManager()->getFrameSets().size() > 1;
         QStringList known;
         for (const Element &element : elements)
-            known << element.fullName() << element.path();
-        known.removeDuplicates();
+            known << (isWithSet ? element.path() : element.fullName());
         const QString hint = nearest(name, known);
-        throw Refusal(QStringLiteral("There is no element '%1'.%2")
-                          .arg(name, hint.isEmpty() ? QStringLiteral(" 'show DOC' lists them.") : hint));
+        throw Refusal(QStringLiteral("There is no %1 '%2'.%3")
+                          .arg(kind.isEmpty() ? QStringLiteral("element") : kind, name,
+                               hint.isEmpty() ? QStringLiteral(" 'show DOC' lists them.") : hint));
     }
     QStringList candidates;
     for (const Element &element : found)
@@ -229,12 +238,14 @@ NameInSet splitPath(const PatternDocument &document, const QString &path)
 
 GeoPoint2D placeOf(const QString &where, const LengthStyle &style)
 {
-    // The comma parts the coordinates, so the decimals of a place are written with a dot in every locale.
-    const QStringList parts = where.split(QLatin1Char(','));
+    // Where the comma parts the coordinates, decimals are written with a dot; else as in the locale.
+    const bool isLocal = where.contains(QLatin1Char(';'));
+    const QLocale locale = isLocal ? QLocale() : QLocale::c();
+    const QStringList parts = where.split(isLocal ? QLatin1Char(';') : QLatin1Char(','));
     bool isX = false;
     bool isY = false;
-    const double x = style.unit.toCentimeter(parts.value(0).trimmed().toDouble(&isX));
-    const double y = style.unit.toCentimeter(parts.value(1).trimmed().toDouble(&isY));
+    const double x = style.unit.toCentimeter(locale.toDouble(parts.value(0).trimmed(), &isX));
+    const double y = style.unit.toCentimeter(locale.toDouble(parts.value(1).trimmed(), &isY));
     if (parts.size() != 2 || !isX || !isY || !(std::abs(x) <= 1e5) || !(std::abs(y) <= 1e5)) {
         throw Refusal(QStringLiteral("'%1' is no point: write '#7' for point 7, or a place such as "
                                      "'24.5,16'.")

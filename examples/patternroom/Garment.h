@@ -85,10 +85,10 @@ NameInSet splitPath(const VorSystem::PatternDocument &document, const QString &p
 
 /// All vectors of a piece: contours first, then its own.
 std::vector<VorSystem::CDbPointVOR *> pointsOf(const VorSystem::CDbGroupObject *piece);
-/// A point of a piece: "#7" by its number, or "24.5,16" as the nearest point of the nest, like a click.
+/// A point of a piece: "#7" by its number, or a place as the nearest point of the nest, like a click.
 VorSystem::CDbPointVOR *findPoint(const VorSystem::CDbGroupObject *piece, const QString &where,
                                   const LengthStyle &style);
-/// The coordinates of "24.5,16" in centimetres.
+/// The coordinates of "24.5,16", or "24,5;16" in a locale that writes so, in centimetres.
 VorSystem::GeoPoint2D placeOf(const QString &where, const LengthStyle &style);
 
 /// The nearest of the known names, as the end of a refusal: " Do you mean 'Waist'?", or empty.

@@ -172,9 +172,9 @@ VorSystem::QListEx<double> lengthsOf(const QString &text, const LengthStyle &sty
 {
     const QStringList parts = text.split(QLatin1Char(';'));
     if (parts.size() != expected) {
-        throw Refusal(QStringLiteral("%1 values for %2, but there are %3 sizes: one value for each, with "
-                                     "semicolons between.")
-                          .arg(QString::number(parts.size()), what, QString::number(expected)));
+        throw Refusal(QStringLiteral("A value for each size is needed for %1, with semicolons between: %2 "
+                                     "given, %3 needed.")
+                          .arg(what, QString::number(parts.size()), QString::number(expected)));
     }
     VorSystem::QListEx<double> lengths;
     for (const QString &part : parts)

@@ -79,11 +79,15 @@ Moved tryMove(const PatternDocument &document, const Move &move)
     if (!body)
         return moved;
 
+    // A move to another level keeps the measure, and the other way round: both are watched.
+    const int nest = nestIndex(*copy);
+    const auto gapOf = [&](const QListEx<double> &read, const QListEx<double> &wanted) {
+        const QListEx<double> gaps = minus(read, wanted);
+        return move.isNestAlone ? std::abs(gaps.value(nest)) : largestOf(gaps);
+    };
     const auto gap = [&] {
-        const QListEx<double> differences = move.isMeasure
-                                                ? minus(readMeasures(target, *copy), move.goal.measures)
-                                                : minus(readLevels(target, *copy), move.goal.levels);
-        return move.isNestAlone ? std::abs(differences.value(nestIndex(*copy))) : largestOf(differences);
+        return std::max(gapOf(readMeasures(target, *copy), move.goal.measures),
+                        gapOf(readLevels(target, *copy), move.goal.levels));
     };
     CDbGroupObject *piece = target.element->groupCorrespondent();
     if (piece)
@@ -107,7 +111,7 @@ QString inWords(eMsgConvergence result)
     case Msg_NotConverged:
         return QStringLiteral("it did not settle: the passes were used up before the piece read as wanted");
     case Msg_MoveFailed: return QStringLiteral("the contour could not give what was asked of it");
-    case Msg_Diverged: return QStringLiteral("it moved away from what was wanted with every pass");
+    case Msg_Diverged: return QStringLiteral("it came no nearer to what was wanted with the passes");
     case Msg_Impossible: return QStringLiteral("a length would become less than nothing");
     }
     return QStringLiteral("an answer without words");

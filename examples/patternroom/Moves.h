@@ -11,14 +11,14 @@ struct Move {
     ElementPlace element;
     QString path;
     Goal goal;
-    bool isMeasure = true;    ///< the measure is what is watched, else the level
+    bool isMeasure = true;    ///< the measure is what was asked for, else the level
     bool isNestAlone = false; ///< the other sizes are to go along with the nest
 };
 
 /// What came of a move.
 struct Moved {
     VorSystem::eMsgConvergence result = VorSystem::Msg_NothingDone;
-    VorSystem::QListEx<double> gaps; ///< the largest of all sizes, in centimetres, after each rebuild
+    VorSystem::QListEx<double> gaps; ///< how far it was off, in centimetres, after each rebuild
 };
 
 /// The moves that a wish asks for: one for each frame of a link, one for a frame or segment, none for what
