@@ -2,8 +2,9 @@
 //
 // toJson stands beside a walk that builds the same tree of QJsonObjects. fromJson stands beside Qt's parser
 // on the text of the same document, and beside a walk over Qt's classes that makes the same objects with one
-// hash of names. The documents hold 10 sizes, 20 frames to a center, a formula on every fourth frame and on
-// every spec.
+// hash of names.
+
+#include "SampleDocument.h"
 
 #include <QHash>
 #include <QJsonArray>
@@ -20,98 +21,6 @@ using namespace VorSystem;
 
 namespace
 {
-
-constexpr int kSizes = 10;
-constexpr int kFramesPerCenter = 20;
-
-// --- The document, made with Qt's classes alone ---
-
-QJsonArray numbers(double first)
-{
-    QJsonArray array;
-    for (int size = 0; size < kSizes; ++size)
-        array.append(first + 1.25 * size);
-    return array;
-}
-
-QJsonObject measure(double first, bool withLevels)
-{
-    QJsonObject object{{QStringLiteral("index_medium"), 4}, {QStringLiteral("measures"), numbers(first)}};
-    if (withLevels)
-        object.insert(QStringLiteral("levels"), numbers(2.0 * first));
-    return object;
-}
-
-QString numbered(const char *stem, int number)
-{
-    return QLatin1String(stem) + QLatin1Char(' ') + QString::number(number);
-}
-
-QJsonObject constant(double value)
-{
-    return {{QStringLiteral("contents"), 1}, {QStringLiteral("value"), value}};
-}
-
-QJsonObject sumOf(const QString &element, double value)
-{
-    const QJsonObject reference{{QStringLiteral("contents"), 2}, {QStringLiteral("frame_element"), element}};
-    return {{QStringLiteral("contents"), 5},
-            {QStringLiteral("son_left"), reference},
-            {QStringLiteral("son_right"), constant(value)}};
-}
-
-QJsonObject record(const QString &name, const QString &key, const QJsonObject &root)
-{
-    return {{QStringLiteral("name"), name}, {key, QJsonObject{{QStringLiteral("root"), root}}}};
-}
-
-QJsonObject documentOf(int elements)
-{
-    const int centerCount = std::max(1, elements / (kFramesPerCenter + 4));
-    QJsonArray centers, links, segments, specs, frames, records;
-    for (int i = 0; i < centerCount; ++i) {
-        centers.append(QJsonObject{{QStringLiteral("name"), numbered("Center", i)},
-                                   {QStringLiteral("characteristic"), 2}});
-        links.append(QJsonObject{{QStringLiteral("name"), numbered("Link", i)},
-                                 {QStringLiteral("type"), 1},
-                                 {QStringLiteral("measure"), measure(i, true)}});
-        segments.append(QJsonObject{{QStringLiteral("name"), numbered("Segment", i)},
-                                    {QStringLiteral("displace"), 4},
-                                    {QStringLiteral("influence_area_percent"), 50.0},
-                                    {QStringLiteral("measure"), measure(i, false)}});
-        specs.append(QJsonObject{{QStringLiteral("name"), numbered("Spec", i)},
-                                 {QStringLiteral("measure"), measure(i, false)}});
-        records.append(
-            record(numbered("Spec", i), QStringLiteral("formular_spec"), sumOf(numbered("Link", i), 1.5)));
-    }
-    const int frameCount = std::min(elements - 4 * centerCount, kFramesPerCenter * centerCount);
-    for (int i = 0; i < frameCount; ++i) {
-        const int center = i / kFramesPerCenter;
-        QJsonObject frame{{QStringLiteral("name"), numbered("Frame", i)},
-                          {QStringLiteral("center_name"), numbered("Center", center)},
-                          {QStringLiteral("perimeter_measurement"), false},
-                          {QStringLiteral("level_zero"), i % kFramesPerCenter == 0},
-                          {QStringLiteral("measure_type"), 1},
-                          {QStringLiteral("percentage_measure_rating"), 40.0},
-                          {QStringLiteral("ratio"), 1.0},
-                          {QStringLiteral("measure"), measure(i, true)}};
-        if (i % 3 == 0)
-            frame.insert(QStringLiteral("link_name"), numbered("Link", center));
-        frames.append(frame);
-        if (i % 4 == 0)
-            records.append(record(numbered("Frame", i), QStringLiteral("formular_measure"),
-                                  sumOf(numbered("Spec", center), 2.0)));
-    }
-    const QJsonObject set{{QStringLiteral("set_name"), QStringLiteral("Set")},
-                          {QStringLiteral("centers"), centers},
-                          {QStringLiteral("links"), links},
-                          {QStringLiteral("segments"), segments},
-                          {QStringLiteral("specs"), specs},
-                          {QStringLiteral("measurementCharts"), QJsonArray()},
-                          {QStringLiteral("frames"), frames},
-                          {QStringLiteral("formulars"), records}};
-    return {{QStringLiteral("frames"), QJsonArray{set}}};
-}
 
 // --- The same tree from the objects, by Qt's classes ---
 
@@ -357,7 +266,7 @@ std::unique_ptr<FrameSet> bareRead(const QJsonObject &object)
 // One document of a size, in all its shapes; all of them say the same, or the benchmark ends.
 struct Sample {
     explicit Sample(int elements)
-        : tree(documentOf(elements)), text(QJsonDocument(tree).toJson(QJsonDocument::Compact)),
+        : tree(sampleDocument("usual", elements)), text(QJsonDocument(tree).toJson(QJsonDocument::Compact)),
           object(XJsonObject::fromJsonObject(tree))
     {
         manager.fromJson(object, false);
