@@ -84,7 +84,16 @@ protected:
 
 private:
     friend class ClearingOut;
+    friend class FrameFrame;
     friend class FrameSet;
+
+    /// addFrame at the end for a frame that is known not to stand here.
+    void appendNewFrame(FrameFrame *frame)
+    {
+        mFrames.append(frame);
+        if (mFrameLevelZero == nullptr)
+            mFrameLevelZero = frame;
+    }
 
     QListEx<FrameFrame *> mFrames; ///< in the user's order, not owned
     FrameFrame *mFrameLevelZero = nullptr;

@@ -228,11 +228,11 @@ protected:
 
 private:
     friend class ClearingOut;
+    friend class FrameFrame;   // asks whether it is read with its set
     friend class FrameSegment; // tries the order when it takes a formula
     friend class GestFrames;
     friend class NameIndex;
     friend class NamesAtHand;
-    friend class NamesWhileRead;
     friend class ElementNames;
     /// The host's door to the removal of formulas: a class of this name, defined by the host, may call the
     /// three private operations below.

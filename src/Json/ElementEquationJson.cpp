@@ -10,8 +10,8 @@
 #include <VorFrames/FormulaLimits.h>
 #include <VorJson/VorJson.h>
 
+#include <QVarLengthArray>
 #include <utility>
-#include <vector>
 
 namespace VorSystem
 {
@@ -21,6 +21,7 @@ namespace
 
 constexpr char kSourceUnit[] = R"(src\Json\ElementEquationJson)";
 constexpr int kUnknownElementLine = 99; // hosts know a reference that names nothing by this line
+constexpr int kUsualSteps = 16;         // of a formula; what a deeper one keeps to be done goes to the heap
 
 QString contentsKey()
 {
@@ -87,26 +88,26 @@ XJsonObject ElementEquation::toJson() const
         int depth;
         bool haveSons; // the objects of its sons are finished
     };
-    std::vector<Step> rest{{this, 1, false}};
-    std::vector<XJsonObject> finished;
+    QVarLengthArray<Step, kUsualSteps> rest{{this, 1, false}};
+    QVarLengthArray<XJsonObject, kUsualSteps> finished;
     const auto takeFinished = [&finished] {
-        XJsonObject object = std::move(finished.back());
-        finished.pop_back();
+        XJsonObject object = std::move(finished.last());
+        finished.removeLast();
         return object;
     };
 
-    while (!rest.empty()) {
-        const Step step = rest.back();
-        rest.pop_back();
+    while (!rest.isEmpty()) {
+        const Step step = rest.last();
+        rest.removeLast();
         VOR_REQUIRE(step.node != nullptr && step.depth <= kMaxFormulaDepth);
         const ElementEquation &node = *step.node;
         const Sons sons = sonsOf(node.contents);
 
         if (sons != Sons::None && !step.haveSons) {
-            rest.push_back({&node, step.depth, true});
+            rest.append({&node, step.depth, true});
             if (sons == Sons::Both)
-                rest.push_back({node.sonRight, step.depth + 1, false});
-            rest.push_back({node.sonLeft, step.depth + 1, false});
+                rest.append({node.sonRight, step.depth + 1, false});
+            rest.append({node.sonLeft, step.depth + 1, false});
             continue;
         }
         XJsonObject object = ownPart(node, BOOST_CURRENT_FUNCTION);
@@ -114,7 +115,7 @@ XJsonObject ElementEquation::toJson() const
             object.insert(rightKey(), takeFinished());
         if (sons != Sons::None)
             object.insert(leftKey(), takeFinished());
-        finished.push_back(std::move(object));
+        finished.append(std::move(object));
     }
     return takeFinished();
 }
@@ -131,10 +132,10 @@ void ElementEquation::fromJson(const XJsonObject &object, FrameSet *set)
         XJsonObject object;
         int depth;
     };
-    std::vector<Step> rest{{nullptr, nullptr, object, 1}};
-    while (!rest.empty()) {
-        const Step step = std::move(rest.back());
-        rest.pop_back();
+    QVarLengthArray<Step, kUsualSteps> rest{{nullptr, nullptr, object, 1}};
+    while (!rest.isEmpty()) {
+        const Step step = std::move(rest.last());
+        rest.removeLast();
         VOR_REQUIRE(step.depth <= kMaxFormulaDepth);
 
         // A new node hangs on its parent before anything can fail.
@@ -152,10 +153,10 @@ void ElementEquation::fromJson(const XJsonObject &object, FrameSet *set)
 
         const Sons sons = sonsOf(node.contents);
         if (sons == Sons::Both)
-            rest.push_back({&node, &ElementEquation::sonRight, step.object.value(rightKey()).toObject(),
-                            step.depth + 1});
+            rest.append({&node, &ElementEquation::sonRight, step.object.value(rightKey()).toObject(),
+                         step.depth + 1});
         if (sons != Sons::None)
-            rest.push_back(
+            rest.append(
                 {&node, &ElementEquation::sonLeft, step.object.value(leftKey()).toObject(), step.depth + 1});
     }
 }

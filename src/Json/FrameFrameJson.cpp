@@ -63,14 +63,19 @@ void FrameFrame::fromJson(const XJsonObject &object)
     const QString centerName = object.value(QStringLiteral("center_name")).toString();
     FrameCenter *const center = asCenter(set->foundElementAccordingName(centerName, true));
     VOR_REQUIRE_AT(center != nullptr, kLineOfCenter);
+    // What is read with its whole set is new, and no center need look whether it holds it already.
+    const bool isNew = mFrameCenter == nullptr && set->mNamesAtHand != nullptr;
     if (mFrameCenter != nullptr)
         mFrameCenter->removeFrame(this);
     setFrameCenter(center);
-    center->addFrame(this, -1);
+    if (isNew)
+        center->appendNewFrame(this);
+    else
+        center->addFrame(this, -1);
 
-    if (object.contains(QStringLiteral("link_name"))) {
-        const QString linkName = object.value(QStringLiteral("link_name")).toString();
-        FrameLink *const link = asLink(set->foundElementAccordingName(linkName, true));
+    const XJsonValue linkName = object.value(QStringLiteral("link_name"));
+    if (!linkName.isUndefined()) {
+        FrameLink *const link = asLink(set->foundElementAccordingName(linkName.toString(), true));
         VOR_REQUIRE_AT(link != nullptr, kLineOfLink);
         link->linkFrame(this);
     }

@@ -4,7 +4,7 @@
 // formulas, when every element that they can name exists.
 
 #include "FormulaRecordsJson.h"
-#include "NamesWhileRead.h"
+#include "VORFrames/NameIndex.h"
 
 #include <VorFrames/FrameCenter.h>
 #include <VorFrames/FrameFrame.h>
@@ -58,11 +58,12 @@ struct DropUnread {
 // Reads the elements of one kind. What the list held before is abandoned to its holders: reading is meant for
 // a new set.
 template<class Element>
-void readElements(const XJsonValue &value, QListEx<Element *> &list, FrameSet &set, NamesWhileRead &names)
+void readElements(const XJsonValue &value, QListEx<Element *> &list, FrameSet &set, NameIndex &names)
 {
     const XJsonArray items = value.toArray();
     list = QListEx<Element *>();
     list.reserve(items.size());
+    names.reserve(items.size());
     for (const XJsonValue &item : items) {
         const XJsonObject object = item.toObject();
         const QString name = object.value(QStringLiteral("name")).toString();
@@ -105,8 +106,10 @@ void FrameSet::fromJson(const XJsonObject &object)
 {
     mName = object.value(QStringLiteral("set_name")).toString();
 
-    // Each list may name what the ones before it brought.
-    NamesWhileRead names(*this);
+    // Each list may name what the ones before it brought. No host code runs that could change the set
+    // meanwhile: elements that are just read are tied to no piece.
+    NameIndex names;
+    const NamesAtHand namesAtHand(*this, names);
     readElements(object.value(QStringLiteral("segments")), mFrameSegments, *this, names);
     readElements(object.value(QStringLiteral("specs")), mFrameSpecs, *this, names);
     readElements(object.value(QStringLiteral("measurementCharts")), mFrameMeasurementCharts, *this, names);

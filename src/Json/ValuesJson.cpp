@@ -40,13 +40,26 @@ short nestFromJson(const XJsonValue &value)
     return nest < Limits::min() || nest > Limits::max() ? short(0) : static_cast<short>(nest);
 }
 
-void appendValues(const XJsonArray &numbers, short nest, ValuesAccordingSizes &values)
+// Appends the numbers under key, if there is such a list.
+void appendValues(const XJsonObject &object, const QString &key, short nest, ValuesAccordingSizes &values)
 {
+    const XJsonValue stored = object.value(key);
+    if (stored.isUndefined())
+        return;
+    const XJsonArray numbers = stored.toArray();
     const int count = numbers.size();
     values.mValues.reserve(values.mValues.count() + count);
     for (int size = 0; size < count; ++size)
         values.mValues.append(numbers.at(size).toDouble(0.0));
     values.mNestIndex = nest;
+}
+
+void valuesFromJson(const XJsonObject &object, ValuesAccordingSizes &measures, ValuesAccordingSizes *levels)
+{
+    const short nest = nestFromJson(object.value(QStringLiteral("index_medium")));
+    appendValues(object, QStringLiteral("measures"), nest, measures);
+    if (levels != nullptr)
+        appendValues(object, QStringLiteral("levels"), nest, *levels);
 }
 
 } // namespace
@@ -63,17 +76,12 @@ XJsonObject valuesToJson(const ValuesAccordingSizes &measures, const ValuesAccor
 
 void valuesFromJson(const XJsonObject &object, ValuesAccordingSizes &measures)
 {
-    const short nest = nestFromJson(object.value(QStringLiteral("index_medium")));
-    if (object.contains(QStringLiteral("measures")))
-        appendValues(object.value(QStringLiteral("measures")).toArray(), nest, measures);
+    valuesFromJson(object, measures, nullptr);
 }
 
 void valuesFromJson(const XJsonObject &object, ValuesAccordingSizes &measures, ValuesAccordingSizes &levels)
 {
-    valuesFromJson(object, measures);
-    const short nest = nestFromJson(object.value(QStringLiteral("index_medium")));
-    if (object.contains(QStringLiteral("levels")))
-        appendValues(object.value(QStringLiteral("levels")).toArray(), nest, levels);
+    valuesFromJson(object, measures, &levels);
 }
 
 } // namespace VorSystem

@@ -60,10 +60,11 @@ void FrameCenter::addFrame(FrameFrame *frame, int index)
     if (mFrames.contains(frame))
         return;
 
-    if (index < 0)
-        mFrames.append(frame);
-    else
-        mFrames.insert(index, frame);
+    if (index < 0) {
+        appendNewFrame(frame);
+        return;
+    }
+    mFrames.insert(index, frame);
     if (mFrameLevelZero == nullptr)
         mFrameLevelZero = frame;
 }

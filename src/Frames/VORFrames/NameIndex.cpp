@@ -1,4 +1,4 @@
-// The names of a set as a hash, for the length of one call.
+// The names of a set at hand, for the length of one call.
 
 #include "VORFrames/NameIndex.h"
 
@@ -17,121 +17,115 @@ namespace VorSystem
 
 NameIndex::NameIndex(const FrameSet &set)
 {
-    for (FrameCenter *center : set.mFrameCenters) {
-        add(center);
-        // A center's own order decides between frames of one name, and the flat list may lack some of them.
-        const QListEx<FrameFrame *> frames = center->getFrames();
-        for (FrameFrame *frame : frames) {
-            const QPair<FrameCenter *, QString> place(center, nameKey(frame->name()));
-            if (!mFramesOfCenters.contains(place))
-                mFramesOfCenters.insert(place, frame);
-        }
-    }
-    for (FrameLink *link : set.mFrameLinks)
-        add(link);
-    for (FrameSegment *segment : set.mFrameSegments)
-        add(segment);
-    for (FrameSpec *spec : set.mFrameSpecs)
-        add(spec);
-    for (FrameMeasurementChart *chart : set.mFrameMeasurementCharts)
-        add(chart);
-    for (FrameFrame *frame : set.mFrames)
-        enter(mFrames, frame);
+    reserve(set.mFrameCenters.size() + set.mFrameLinks.size() + set.mFrameSegments.size() +
+            set.mFrameSpecs.size() + set.mFrameMeasurementCharts.size() + set.mFrames.size());
+    addAll(set.mFrameCenters);
+    addAll(set.mFrameLinks);
+    addAll(set.mFrameSegments);
+    addAll(set.mFrameSpecs);
+    addAll(set.mFrameMeasurementCharts);
+    addAll(set.mFrames);
 }
 
 template<class Element>
-void NameIndex::enter(QHash<QString, Element *> &names, Element *element)
+void NameIndex::addAll(const QList<Element *> &elements)
 {
-    const QString key = nameKey(element->name());
-    if (!names.contains(key))
-        names.insert(key, element);
+    for (Element *element : elements)
+        add(element);
 }
 
 void NameIndex::add(FrameCenter *center)
 {
-    enter(mCenters, center);
+    mElements.add(NameTable::Center, center);
 }
 
 void NameIndex::add(FrameLink *link)
 {
-    enter(mLinks, link);
+    mElements.add(NameTable::Link, link);
 }
 
 void NameIndex::add(FrameSegment *segment)
 {
-    enter(mSegments, segment);
+    mElements.add(NameTable::Segment, segment);
 }
 
 void NameIndex::add(FrameSpec *spec)
 {
-    enter(mSpecs, spec);
+    mElements.add(NameTable::Spec, spec);
 }
 
 void NameIndex::add(FrameMeasurementChart *chart)
 {
-    enter(mCharts, chart);
+    mElements.add(NameTable::Chart, chart);
 }
 
 void NameIndex::add(FrameFrame *frame)
 {
-    const QString key = nameKey(frame->name());
-    if (!mFrames.contains(key))
-        mFrames.insert(key, frame);
-    const QPair<FrameCenter *, QString> place(frame->getFrameCenter(), key);
-    if (place.first != nullptr && !mFramesOfCenters.contains(place))
-        mFramesOfCenters.insert(place, frame);
+    mElements.add(NameTable::Frame, frame);
+    const auto frames = mFramesOfCenters.find(frame->getFrameCenter());
+    if (frames != mFramesOfCenters.end())
+        frames->add(NameTable::Frame, frame);
+}
+
+template<class Element>
+Element *NameIndex::first(NameTable::Kind kind, QStringView name) const
+{
+    return static_cast<Element *>(mElements.found(NameMatcher(name), kind, kind));
 }
 
 FrameCenter *NameIndex::center(const QString &name) const
 {
-    return mCenters.value(nameKey(name));
+    return first<FrameCenter>(NameTable::Center, name);
 }
 
 FrameLink *NameIndex::link(const QString &name) const
 {
-    return mLinks.value(nameKey(name));
+    return first<FrameLink>(NameTable::Link, name);
 }
 
 FrameSegment *NameIndex::segment(const QString &name) const
 {
-    return mSegments.value(nameKey(name));
+    return first<FrameSegment>(NameTable::Segment, name);
 }
 
 FrameSpec *NameIndex::spec(const QString &name) const
 {
-    return mSpecs.value(nameKey(name));
+    return first<FrameSpec>(NameTable::Spec, name);
 }
 
 FrameMeasurementChart *NameIndex::chart(const QString &name) const
 {
-    return mCharts.value(nameKey(name));
+    return first<FrameMeasurementChart>(NameTable::Chart, name);
 }
 
 FrameFrame *NameIndex::frameOf(FrameCenter *center, const QString &name) const
 {
-    return mFramesOfCenters.value(qMakePair(center, nameKey(name)));
+    return frameOf(center, QStringView(name));
+}
+
+FrameFrame *NameIndex::frameOf(FrameCenter *center, QStringView name) const
+{
+    auto frames = mFramesOfCenters.find(center);
+    if (frames == mFramesOfCenters.end()) {
+        frames = mFramesOfCenters.insert(center, NameTable());
+        // A center's own order decides between frames of one name, and the flat list may lack some of them.
+        const QListEx<FrameFrame *> own = center->getFrames();
+        frames->reserve(own.size());
+        for (FrameFrame *frame : own)
+            frames->add(NameTable::Frame, frame);
+    }
+    return static_cast<FrameFrame *>(frames->found(NameMatcher(name), NameTable::Frame, NameTable::Frame));
 }
 
 BaseFrame *NameIndex::found(const QString &name, bool searchFrames) const
 {
     const int colon = name.indexOf(QLatin1Char(':'));
     if (colon >= 0) {
-        FrameCenter *const axis = center(name.left(colon));
-        return axis == nullptr ? nullptr : frameOf(axis, name.mid(colon + 1));
+        auto *const axis = first<FrameCenter>(NameTable::Center, QStringView(name).left(colon));
+        return axis == nullptr ? nullptr : frameOf(axis, QStringView(name).mid(colon + 1));
     }
-
-    const QString key = nameKey(name);
-    if (FrameCenter *const center = mCenters.value(key))
-        return center;
-    if (FrameLink *const link = mLinks.value(key))
-        return link;
-    if (FrameSegment *const segment = mSegments.value(key))
-        return segment;
-    if (FrameSpec *const spec = mSpecs.value(key))
-        return spec;
-    if (FrameMeasurementChart *const chart = mCharts.value(key))
-        return chart;
-    return searchFrames ? mFrames.value(key) : nullptr;
+    return mElements.found(NameMatcher(name), NameTable::Center,
+                           searchFrames ? NameTable::Frame : NameTable::Chart);
 }
 
 NamesAtHand::NamesAtHand(FrameSet &set, const NameIndex &names) : mSet(set)

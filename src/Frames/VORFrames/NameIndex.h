@@ -1,12 +1,14 @@
-// The names of a set as a hash, for the length of one call.
+// The names of a set at hand, for the length of one call.
 //
 // Answers what FrameSet::foundElementAccordingName would, colliding names included. Nothing may rename, add
 // or take away an element behind its back: build it, use it, and drop it before the host is called.
 #pragma once
 
+#include "VORFrames/NameTable.h"
+
 #include <QHash>
-#include <QPair>
 #include <QString>
+#include <QStringView>
 
 namespace VorSystem
 {
@@ -27,6 +29,9 @@ public:
     NameIndex() = default;
     /// All elements of the set as they stand.
     explicit NameIndex(const FrameSet &set);
+
+    /// Makes room for that many elements more.
+    void reserve(int count) { mElements.reserve(count); }
 
     /// Enters an element that was appended to its list; an earlier one of the same name keeps its place.
     void add(FrameCenter *center);
@@ -50,15 +55,14 @@ public:
 
 private:
     template<class Element>
-    static void enter(QHash<QString, Element *> &names, Element *element);
+    Element *first(NameTable::Kind kind, QStringView name) const;
+    template<class Element>
+    void addAll(const QList<Element *> &elements);
+    FrameFrame *frameOf(FrameCenter *center, QStringView name) const;
 
-    QHash<QString, FrameCenter *> mCenters;
-    QHash<QString, FrameLink *> mLinks;
-    QHash<QString, FrameSegment *> mSegments;
-    QHash<QString, FrameSpec *> mSpecs;
-    QHash<QString, FrameMeasurementChart *> mCharts;
-    QHash<QPair<FrameCenter *, QString>, FrameFrame *> mFramesOfCenters;
-    QHash<QString, FrameFrame *> mFrames;
+    NameTable mElements;
+    /// The frames of the centers that were asked for one so far.
+    mutable QHash<FrameCenter *, NameTable> mFramesOfCenters;
 };
 
 /// While an object of this class lives, set finds its elements by name through the index, which the caller

@@ -8,6 +8,8 @@
 
 #include <VorFrames/FrameSet.h>
 
+#include <QHash>
+
 namespace VorSystem
 {
 
@@ -94,6 +96,13 @@ bool NameMatcher::matches(const QString &other) const
             return false;
     }
     return units.next() == kNoMore;
+}
+
+uint NameMatcher::hash() const
+{
+    const auto bytes = static_cast<std::size_t>(mFolded.size()) * sizeof(uint);
+    const uint seed = static_cast<uint>(qGlobalQHashSeed());
+    return qHashBits(mFolded.constData(), bytes, seed);
 }
 
 bool Noms_Identiques(const QString &a, const QString &b)

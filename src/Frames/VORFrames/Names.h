@@ -20,6 +20,8 @@ class NameMatcher
 public:
     explicit NameMatcher(QStringView name);
     bool matches(const QString &other) const;
+    /// Equal for equal names; differs from one run of the program to the next.
+    uint hash() const;
 
 private:
     QVarLengthArray<uint, 64> mFolded;

@@ -131,14 +131,23 @@ protected:
         for (const int number : drawn) {
             const QString elementName = QString::fromLatin1(kNames[(number / 8) % 9]);
             switch (number % 8) {
-            case 0: mSet.addCenter(new FrameCenter(elementName), -1); break;
-            case 1: mSet.addLink(new FrameLink(elementName), -1); break;
-            case 2: mSet.addSegment(new FrameSegment(elementName), -1); break;
-            case 3: mSet.addSpec(new FrameSpec(elementName), -1); break;
-            case 4: mSet.addMeasurementChart(new FrameMeasurementChart(elementName), -1); break;
+            case 0: mSet.addCenter(entered(new FrameCenter(elementName)), -1); break;
+            case 1: mSet.addLink(entered(new FrameLink(elementName)), -1); break;
+            case 2: mSet.addSegment(entered(new FrameSegment(elementName)), -1); break;
+            case 3: mSet.addSpec(entered(new FrameSpec(elementName)), -1); break;
+            case 4: mSet.addMeasurementChart(entered(new FrameMeasurementChart(elementName)), -1); break;
             default: addFrame(elementName, number); break;
             }
         }
+    }
+
+    // The index that is kept in step knows the element as soon as the set has it.
+    template<class Element>
+    Element *entered(Element *element)
+    {
+        if (mKept != nullptr)
+            mKept->add(element);
+        return element;
     }
 
     void addFrame(const QString &frameName, int number)
@@ -148,17 +157,19 @@ protected:
             return;
         auto *const frame = new FrameFrame(frameName);
         mSet.getFramesPtr()->append(frame);
-        frame->addFrameCenter(centers.at(number % centers.count()),
-                              0); // the newest comes first on its center
+        // The newest comes first on its center, where no index is kept that goes by the time of entering.
+        frame->addFrameCenter(centers.at(number % centers.count()), mKept == nullptr ? 0 : -1);
+        entered(frame);
     }
 
+    void compareWithPlainSearch(const NameIndex &index);
+
     FrameSet mSet{QStringLiteral("S"), nullptr};
+    NameIndex *mKept = nullptr;
 };
 
-RC_GTEST_FIXTURE_PROP(NameIndexes, findWhatThePlainSearchFinds, ())
+void NameIndexes::compareWithPlainSearch(const NameIndex &index)
 {
-    addSome(*rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 1000)));
-    const NameIndex index(mSet);
     for (const char *text :
          {"A", "a", "B", "b:c", "C", ":", "", "A:B", "a:a", "a:c", " C : b ", "x", "A:A:B", "b:c:a"}) {
         const QString wanted = QString::fromLatin1(text);
@@ -170,6 +181,42 @@ RC_GTEST_FIXTURE_PROP(NameIndexes, findWhatThePlainSearchFinds, ())
         RC_ASSERT(index.spec(wanted) == mSet.findFrameSpecAccordingName(wanted));
         RC_ASSERT(index.chart(wanted) == mSet.findFrameMeasurementChartAccordingName(wanted));
     }
+    for (FrameCenter *center : mSet.getFrameCenters())
+        RC_ASSERT(index.frameOf(center, QStringLiteral(" B")) ==
+                  center->foundFrameAccordingName(QStringLiteral("b")));
+}
+
+using Drawn = std::vector<int>;
+
+RC_GTEST_FIXTURE_PROP(NameIndexes, findWhatThePlainSearchFinds, ())
+{
+    addSome(*rc::gen::container<Drawn>(rc::gen::inRange(0, 1000)));
+    compareWithPlainSearch(NameIndex(mSet));
+}
+
+RC_GTEST_FIXTURE_PROP(NameIndexes, findWhatEnteredSinceTheyWereMade, ())
+{
+    addSome(*rc::gen::container<Drawn>(rc::gen::inRange(0, 1000)));
+    NameIndex index(mSet);
+    mKept = &index;
+    for (int round = 0; round < 3; ++round) { // each question may add to what the index prepared
+        addSome(*rc::gen::container<Drawn>(rc::gen::inRange(0, 1000)));
+        compareWithPlainSearch(index);
+    }
+}
+
+TEST_F(NameIndexes, findEachOfManyAndNoOther)
+{
+    constexpr int many = 5000;
+    NameIndex index;
+    mKept = &index;
+    for (int i = 0; i < many; ++i)
+        mSet.addSpec(entered(new FrameSpec(QString::number(i))), -1);
+    const QListEx<FrameSpec *> specs = mSet.getFrameSpecs();
+    for (int i = 0; i < many; ++i)
+        ASSERT_EQ(index.spec(QString::number(i)), specs.at(i)) << i;
+    EXPECT_EQ(index.spec(QString::number(many)), nullptr);
+    EXPECT_EQ(index.segment(QStringLiteral("1")), nullptr);
 }
 
 } // namespace
