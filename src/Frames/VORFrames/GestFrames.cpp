@@ -11,7 +11,6 @@
 #include <QCoreApplication>
 #include <QSet>
 #include <boost/make_shared.hpp>
-#include <utility>
 
 namespace VorSystem
 {
@@ -45,14 +44,17 @@ GestFrames &GestFrames::operator=(const GestFrames &other)
 
 GestFrames::~GestFrames()
 {
-    // Each set once, however often it is listed, and without a search of the list for any.
-    const QListEx<FrameSet *> doomed = std::move(mFrameSets);
-    mFrameSets.clear();
-    QSet<FrameSet *> deleted;
-    for (FrameSet *set : doomed) {
-        if (deleted.contains(set))
-            continue;
-        deleted.insert(set);
+    // A set that is listed twice is deleted once, and none is searched for in the list.
+    QListEx<FrameSet *> doomed;
+    QSet<FrameSet *> seen;
+    for (FrameSet *set : qAsConst(mFrameSets)) {
+        if (!seen.contains(set))
+            doomed.append(set);
+        seen.insert(set);
+    }
+    mFrameSets = doomed;
+    while (!mFrameSets.isEmpty()) {
+        FrameSet *const set = mFrameSets.takeFirst();
         // It does not look for itself, nor for a document that may be dying.
         set->setFrameManager(nullptr);
         delete set;
