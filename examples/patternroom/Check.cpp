@@ -43,7 +43,11 @@ public:
         const QListEx<FrameSet *> sets = mDocument.framesManager()->getFrameSets();
         for (FrameSet *set : sets)
             lintOrder(set);
-        lintRest();
+        try {
+            lintRest();
+        } catch (const Refusal &refusal) {
+            find(QStringLiteral("cannot be stored"), refusal.sentence());
+        }
         return mFindings;
     }
 

@@ -161,7 +161,7 @@ DocumentPtr copyOf(const PatternDocument &document)
     DocumentReport report;
     const QByteArray text = documentToText(document, &report);
     if (text.isEmpty() || !documentFromText(text, *copy, &report))
-        throw Refusal(QStringLiteral("The document cannot be copied: %1.").arg(bare(report.error)));
+        throw Refusal(bare(report.error) + QLatin1Char('.'));
     return copy;
 }
 

@@ -7,6 +7,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 namespace VorSystem
 {
 
@@ -82,15 +84,13 @@ private:
 } // namespace
 
 TransferRecord::TransferRecord(const GestFrames &source, const GestFrames &target)
-    : mTarget(target), mSource(elementsOf(source)), mReceivers(elementsOf(target))
+    : mTarget(target), mSource(setsOf(source)), mReceivers(setsOf(target))
 {
-    for (const auto &receiver : mReceivers)
-        mReceiverNames[receiver.first] = receiver.first->name();
 }
 
-TransferRecord::Elements TransferRecord::elementsOf(const FrameSet &set)
+std::vector<TransferRecord::Element> TransferRecord::elementsOf(const FrameSet &set)
 {
-    Elements elements;
+    std::vector<Element> elements;
     for (BaseFrame *element : allOf(set)) {
         const auto *const frame = dynamic_cast<const FrameFrame *>(element);
         elements.push_back(
@@ -103,12 +103,12 @@ TransferRecord::Elements TransferRecord::elementsOf(const FrameSet &set)
     return elements;
 }
 
-std::map<FrameSet *, TransferRecord::Elements> TransferRecord::elementsOf(const GestFrames &manager)
+std::vector<TransferRecord::Set> TransferRecord::setsOf(const GestFrames &manager)
 {
-    std::map<FrameSet *, Elements> all;
+    std::vector<Set> sets;
     for (FrameSet *set : manager.getFrameSets())
-        all.emplace(set, elementsOf(*set));
-    return all;
+        sets.push_back({set, set->name(), elementsOf(*set)});
+    return sets;
 }
 
 // The formulas of an element before, and of what it is now.
@@ -131,15 +131,17 @@ void TransferRecord::fill(TransferReceipt &receipt, const EquivalenceSets &recei
     const QListEx<FrameSet *> receivers = mTarget.getFrameSets();
     const QSet<FrameSet *> living(receivers.begin(), receivers.end());
     for (FrameSet *set : receivers) {
-        if (mReceivers.count(set) == 0)
+        const bool wasThere = std::any_of(mReceivers.begin(), mReceivers.end(),
+                                          [&](const Set &receiver) { return receiver.set == set; });
+        if (!wasThere)
             receipt.setsMade << set->name();
     }
-    for (const auto &[set, elements] : mReceivers) {
-        if (!living.contains(set)) {
-            receipt.setsDeleted << mReceiverNames.at(set);
+    for (const Set &receiver : mReceivers) {
+        if (!living.contains(receiver.set)) {
+            receipt.setsDeleted << receiver.name;
             continue;
         }
-        for (const Element &before : elements) {
+        for (const Element &before : receiver.elements) {
             compare(before, before.element, receipt);
             const auto *const frame = dynamic_cast<const FrameFrame *>(before.element);
             if (frame != nullptr && frame->getLink() != before.link)
@@ -148,20 +150,21 @@ void TransferRecord::fill(TransferReceipt &receipt, const EquivalenceSets &recei
     }
 
     QHash<FrameSet *, QSet<BaseFrame *>> known;
-    for (const auto &[set, elements] : mReceivers) {
-        for (const Element &before : elements)
-            known[set].insert(before.element);
+    for (const Set &receiver : mReceivers) {
+        for (const Element &before : receiver.elements)
+            known[receiver.set].insert(before.element);
     }
     std::map<FrameSet *, NewElements> news; // shared by the sources of one receiver
     for (FrameSet *source : mTarget.getFrameSets())
         news.emplace(source, NewElements(*source, [&](BaseFrame *element) {
                          return known.value(source).contains(element);
                      }));
-    for (const auto &[source, destination] : received) {
-        const auto elements = mSource.find(source);
-        if (elements == mSource.end())
+    for (const Set &source : mSource) {
+        const auto entry = received.find(source.set);
+        if (entry == received.end())
             continue;
-        for (const Element &before : elements->second) {
+        FrameSet *const destination = entry->second;
+        for (const Element &before : source.elements) {
             BaseFrame *const after = news.at(destination).take(*before.element);
             if (after != nullptr) {
                 receipt.elements.push_back({before.fullName, nameWithSet(*after, *destination)});
@@ -175,8 +178,8 @@ void TransferRecord::fill(TransferReceipt &receipt, const EquivalenceSets &recei
 
 void TransferRecord::giveBackSourceNames() const
 {
-    for (const auto &source : mSource) {
-        for (const Element &before : source.second)
+    for (const Set &source : mSource) {
+        for (const Element &before : source.elements)
             before.element->setName(before.name);
     }
 }

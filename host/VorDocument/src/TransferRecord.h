@@ -4,7 +4,6 @@
 #include <QHash>
 #include <QString>
 
-#include <map>
 #include <vector>
 
 namespace VorSystem
@@ -35,16 +34,21 @@ private:
         QString formulas[3];
         const FrameLink *link; ///< of a frame
     };
-    using Elements = std::vector<Element>;
+    /// A set, and its elements as they were.
+    struct Set {
+        FrameSet *set;
+        QString name;
+        std::vector<Element> elements;
+    };
 
-    static Elements elementsOf(const FrameSet &set);
-    static std::map<FrameSet *, Elements> elementsOf(const GestFrames &manager);
+    static std::vector<Element> elementsOf(const FrameSet &set);
+    static std::vector<Set> setsOf(const GestFrames &manager);
     void compare(const Element &before, BaseFrame *after, TransferReceipt &receipt) const;
 
     const GestFrames &mTarget;
-    std::map<FrameSet *, Elements> mSource;
-    std::map<FrameSet *, Elements> mReceivers;
-    std::map<FrameSet *, QString> mReceiverNames;
+    // In the order of their managers, which is that of the receipt.
+    std::vector<Set> mSource;
+    std::vector<Set> mReceivers;
 };
 
 } // namespace VorSystem
