@@ -10,31 +10,39 @@ using namespace VorSystem;
 namespace
 {
 
-QString formulaInTheWay(const Element &target, const ChangeOptions &options)
+TreeEquations *formulaOf(BaseFrame *element, bool isLevel)
 {
-    const bool isMeasure = !options.measure.isEmpty() || !options.measures.isEmpty();
-    const bool isLevel = !options.level.isEmpty() || !options.levels.isEmpty();
-    const auto driven = [&](const TreeEquations *formula, bool isImplicit, const QString &what) {
-        if (formula) {
-            return QStringLiteral(
-                       "The %1 of '%2' follows its formula '%3': change what the formula names, or "
-                       "drop it with 'formula %4 \"%2\" --none'.")
-                .arg(what, target.fullName(), formula->toString(), options.document);
+    return isLevel ? element->formulaLevel() : valueFormula(element);
+}
+
+// Why a value of the element is not for the user to change, in words; empty when it is.
+QString formulaInTheWay(const Element &target, bool isLevel, const QString &document)
+{
+    const QString what = isLevel ? QStringLiteral("level") : QStringLiteral("measure");
+    if (const TreeEquations *own = formulaOf(target.element, isLevel)) {
+        return QStringLiteral("The %1 of '%2' follows its formula '%3': change what the formula names, or "
+                              "drop it with 'formula %4 \"%2\" --none%5'.")
+            .arg(what, target.fullName(), own->toString(), document,
+                 isLevel ? QStringLiteral(" --level") : QString());
+    }
+    const auto *frame = dynamic_cast<const FrameFrame *>(target.element);
+    FrameLink *link = frame ? frame->getLink() : nullptr;
+    if (link && formulaOf(link, isLevel)) {
+        return QStringLiteral("The %1 of '%2' follows its link '%3', and that the formula '%4': change what "
+                              "the formula names.")
+            .arg(what, target.fullName(), link->fullName(), formulaOf(link, isLevel)->toString());
+    }
+    if (const auto *whole = dynamic_cast<const FrameLink *>(target.element)) {
+        const QListEx<FrameFrame *> frames = whole->getFrames();
+        for (FrameFrame *part : frames) {
+            if (const TreeEquations *formula = formulaOf(part, isLevel)) {
+                return QStringLiteral("The %1 of '%2' cannot be shared: its frame '%3' follows the formula "
+                                      "'%4'.")
+                    .arg(what, target.fullName(), part->fullName(), formula->toString());
+            }
         }
-        if (isImplicit) {
-            return QStringLiteral("The %1 of '%2' follows the formula of its link: change what that names.")
-                .arg(what, target.fullName());
-        }
-        return QString();
-    };
-    QString text;
-    if (isMeasure)
-        text = driven(valueFormula(target.element), target.element->aFormulaImplicitMeasures(),
-                      QStringLiteral("measure"));
-    if (text.isEmpty() && isLevel)
-        text = driven(target.element->formulaLevel(), target.element->aFormulaImplicitLevel(),
-                      QStringLiteral("level"));
-    return text;
+    }
+    return QString();
 }
 
 void requireFitting(const Element &target, const ChangeOptions &options)
@@ -58,9 +66,13 @@ void requireFitting(const Element &target, const ChangeOptions &options)
     if (!target.element->getLevelBySizes() && (!options.level.isEmpty() || !options.levels.isEmpty()))
         throw Refusal(
             QStringLiteral("'%1' is a %2: it has no level.").arg(target.fullName(), kindName(kind)));
-    const QString inTheWay = formulaInTheWay(target, options);
-    if (!inTheWay.isEmpty())
-        throw Refusal(inTheWay);
+    for (const bool isOfLevel : {false, true}) {
+        const bool isAsked = isOfLevel ? !options.level.isEmpty() || !options.levels.isEmpty()
+                                       : !options.measure.isEmpty() || !options.measures.isEmpty();
+        const QString inTheWay = isAsked ? formulaInTheWay(target, isOfLevel, options.document) : QString();
+        if (!inTheWay.isEmpty())
+            throw Refusal(inTheWay);
+    }
 }
 
 // A chart may hold any number; a piece has no room for a length that is none.
