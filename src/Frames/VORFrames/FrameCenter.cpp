@@ -90,7 +90,7 @@ FrameFrame *FrameCenter::foundFrameAccordingName(const QString &name) const
 void FrameCenter::setFrameLevelZero(FrameFrame *frame)
 {
     VOR_REQUIRE(frame != nullptr);
-    if (mFrames.contains(frame))
+    if (mFrames.lastIndexOf(frame) >= 0) // from the end, where a frame that is just read stands
         mFrameLevelZero = frame;
 }
 
