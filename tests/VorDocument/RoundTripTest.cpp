@@ -188,6 +188,7 @@ void expectTheSameValues(const PatternDocument &a, const PatternDocument &b)
 // A link, a spec and a formula or two, so that one change brings others along.
 void connect(Random &random, PatternDocument &document)
 {
+    const Listener listener; // a segment may not take its formula, and says so
     FrameSet *const set = document.framesManager()->getFrameSets().first();
     const QListEx<FrameFrame *> frames = set->getFrames();
     FrameSpec *const ease = set->newSpec(text("Ease"));
@@ -247,7 +248,6 @@ TEST(RoundTrip, theSameChangeGivesTheSameGeometry)
         }
     }
     // Most changes are obeyed, and some pieces were locked.
-    std::printf("%d taken, %d asked\n", taken, asked);
     EXPECT_GE(taken, 24);
     EXPECT_GE(asked, 5);
 }

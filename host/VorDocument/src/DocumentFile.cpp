@@ -12,7 +12,7 @@ namespace VorSystem
 namespace
 {
 
-constexpr qint64 kPart = 1024 * 1024;          // bytes read at a time
+constexpr qint64 kPart = 1024LL * 1024;        // bytes read at a time
 constexpr qint64 kLargestFile = 256LL * kPart; // a device may have no end
 
 bool refuse(DocumentReport *report, const QString &path, const QString &problem)

@@ -178,6 +178,7 @@ QString whyFormulaFails(const QJsonObject &record, const FrameSet &set)
     const QString whose =
         QStringLiteral("the formula of \"%1\"").arg(record.value(QStringLiteral("name")).toString());
     std::vector<QJsonValue> rest;
+    rest.reserve(kFormulaPlaces.size());
     for (const FormulaPlace &place : kFormulaPlaces)
         rest.push_back(record.value(QLatin1String(place.key)).toObject().value(QLatin1String("root")));
     while (!rest.empty()) {

@@ -17,7 +17,7 @@ struct FormulaPlace {
     void (BaseFrame::*setFormula)(TreeEquations *);
 };
 
-inline constexpr std::array<FormulaPlace, 3> kFormulaPlaces{{
+inline const std::array<FormulaPlace, 3> kFormulaPlaces{{
     {"formular_measure", "measure formula",
      [](BaseFrame &element) { return element.measurementFormulaAvailable(); }, &BaseFrame::measurementFormula,
      &BaseFrame::setFormulaMeasurement},
