@@ -16,6 +16,9 @@ using namespace VorSystem;
 namespace
 {
 
+constexpr int kPart = 1 << 20;    // bytes
+constexpr int kLongest = 1 << 28; // bytes: no garment is that large
+
 Refusal unreadable(const QString &path, const QString &why)
 {
     return Refusal(QStringLiteral("Cannot read '%1': %2.").arg(path, why), Exit_File);
@@ -26,11 +29,9 @@ Refusal unwritable(const QString &path, const QString &why)
     return Refusal(QStringLiteral("Cannot write '%1': %2.").arg(path, why), Exit_File);
 }
 
-// Texts of Qt and of the system begin with or without the path and end with or without a stop.
-QString bare(QString reason, const QString &path = QString())
+// Texts of Qt and of the system end with or without a stop.
+QString bare(QString reason)
 {
-    if (!path.isEmpty() && reason.startsWith(path + QLatin1String(": ")))
-        reason = reason.mid(path.size() + 2);
     while (reason.endsWith(QLatin1Char('.')) || reason.endsWith(QLatin1Char('\n')))
         reason.chop(1);
     return reason;
@@ -87,12 +88,10 @@ void storeOnDevice(const FileText &wanted)
 
 DocumentPtr openDocument(const QString &path, QStringList *dropped)
 {
-    if (QFileInfo(path).isDir())
-        throw unreadable(path, QStringLiteral("it is a folder"));
     auto document = std::make_unique<PatternDocument>();
     DocumentReport report;
-    if (!loadDocument(path, *document, &report))
-        throw unreadable(path, bare(report.error, path));
+    if (!documentFromText(readText(path), *document, &report))
+        throw unreadable(path, bare(report.error));
     if (dropped)
         dropped->swap(report.dropped);
     for (const QString &lost : qAsConst(report.dropped))
@@ -152,7 +151,16 @@ QByteArray readText(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw unreadable(path, bare(file.errorString()));
-    return file.readAll();
+    // Piece by piece: a device may have no end.
+    QByteArray text;
+    for (QByteArray part = file.read(kPart); !part.isEmpty(); part = file.read(kPart)) {
+        text += part;
+        if (text.size() > kLongest)
+            throw unreadable(path, QStringLiteral("it is longer than 256 MB"));
+    }
+    if (file.error() != QFileDevice::NoError)
+        throw unreadable(path, bare(file.errorString()));
+    return text;
 }
 
 DocumentPtr copyOf(const PatternDocument &document)
