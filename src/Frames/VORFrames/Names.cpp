@@ -57,6 +57,26 @@ private:
     uint mLast = 0;
 };
 
+// The hash of a name is a polynomial over its units modulo a prime, at a point that differs from run to run.
+// Checksums are faster, but anybody can make names that share one, whatever the seed.
+constexpr quint64 kPrime = (quint64(1) << 61) - 1;
+
+quint64 productPlus(quint64 a, quint64 b, uint c)
+{
+    __extension__ using Wide = unsigned __int128;
+    const Wide product = static_cast<Wide>(a) * b + c;
+    const quint64 folded = (static_cast<quint64>(product) & kPrime) + static_cast<quint64>(product >> 61);
+    return folded < kPrime ? folded : folded - kPrime;
+}
+
+quint64 secretBase()
+{
+    quint64 bits = static_cast<quint64>(qGlobalQHashSeed()) + 0x9e3779b97f4a7c15;
+    bits = (bits ^ (bits >> 30)) * 0xbf58476d1ce4e5b9;
+    bits = (bits ^ (bits >> 27)) * 0x94d049bb133111eb;
+    return (bits ^ (bits >> 31)) % kPrime;
+}
+
 } // namespace
 
 QString nameKey(const QString &name)
@@ -100,9 +120,11 @@ bool NameMatcher::matches(const QString &other) const
 
 uint NameMatcher::hash() const
 {
-    const auto bytes = static_cast<std::size_t>(mFolded.size()) * sizeof(uint);
-    const uint seed = static_cast<uint>(qGlobalQHashSeed());
-    return qHashBits(mFolded.constData(), bytes, seed);
+    static const quint64 base = secretBase();
+    quint64 sum = 1;
+    for (const uint unit : mFolded)
+        sum = productPlus(sum, base, unit);
+    return static_cast<uint>(sum);
 }
 
 bool Noms_Identiques(const QString &a, const QString &b)

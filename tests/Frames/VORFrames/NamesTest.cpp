@@ -121,6 +121,52 @@ TEST(Names, aMillionLettersAreComparedInOnePass)
     EXPECT_FALSE(Noms_Identiques(a, b + QLatin1Char('x')));
 }
 
+// Names of one length in which each letter is one of two; the bits of choice say which.
+QString nameOfChoices(quint64 choice, int letters)
+{
+    QString name(letters, QLatin1Char('a'));
+    for (int i = 0; i < letters; ++i) {
+        if ((choice >> i & 1) != 0)
+            name[i] = QLatin1Char('c');
+    }
+    return name;
+}
+
+// A checksum of bits is the sum of what its bits contribute, so whoever can add can make names that share
+// one. A document full of such names must not bring a search by hash down to a walk.
+TEST(Names, nobodyMakesNamesOfOneHashByAddingBits)
+{
+    const int letters = 42;
+    const uint none = NameMatcher(nameOfChoices(0, letters)).hash();
+    // Elimination: combinations of choices that would change nothing in the hash if it were a sum.
+    std::vector<std::pair<uint, quint64>> basis;
+    std::vector<quint64> changingNothing;
+    for (int letter = 0; letter < letters; ++letter) {
+        quint64 choice = quint64(1) << letter;
+        uint change = NameMatcher(nameOfChoices(choice, letters)).hash() ^ none;
+        for (const auto &row : basis) {
+            if ((change ^ row.first) < change) {
+                change ^= row.first;
+                choice ^= row.second;
+            }
+        }
+        if (change == 0)
+            changingNothing.push_back(choice);
+        else
+            basis.emplace_back(change, choice);
+    }
+    ASSERT_GE(changingNothing.size(), std::size_t(letters - 32));
+
+    int sharing = 0;
+    for (uint combination = 0; combination < 1024; ++combination) {
+        quint64 choice = 0;
+        for (uint i = 0; i < 10; ++i)
+            choice ^= (combination >> i & 1) != 0 ? changingNothing[i] : 0;
+        sharing += NameMatcher(nameOfChoices(choice, letters)).hash() == none ? 1 : 0;
+    }
+    EXPECT_LT(sharing, 10);
+}
+
 // A set with colliding names of every kind, some of them with a colon.
 class NameIndexes : public testing::Test
 {
