@@ -82,7 +82,7 @@ QString followersInWords(const PatternDocument &document, const Wish &wish, cons
     std::vector<Follower> followers;
     for (const LostFormula &lost : failed.difference.lostFormulas)
         followers.push_back(detached(elementAt(*copy, lost.place), lost.isLevel));
-    for (const Driven &driven : failed.driven) {
+    for (const Readback &driven : failed.driven) {
         if (!driven.isObeyed())
             followers.push_back(detached(elementAt(*copy, driven.place), driven.isLevel));
     }

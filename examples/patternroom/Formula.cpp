@@ -52,8 +52,8 @@ QString formulaOf(const Element &target, bool isLevel)
 
 struct Placed {
     bool isTied = true; ///< as it was before
-    Driven own;         ///< what the formula gives, and what the piece shows
-    std::vector<Driven> driven;
+    Readback own;       ///< what the formula gives, and what the piece shows
+    std::vector<Readback> driven;
     Difference difference; ///< of the formulas that were lost only those that were not asked for
 };
 
@@ -91,7 +91,7 @@ Placed bringToBear(PatternDocument &document, const ElementPlace &where, const F
     return placed;
 }
 
-QString gapInWords(const Driven &driven, const PatternDocument &document, const LengthStyle &style)
+QString gapInWords(const Readback &driven, const PatternDocument &document, const LengthStyle &style)
 {
     int worst = 0;
     const QListEx<double> gaps = minus(driven.read, driven.wanted);
@@ -141,7 +141,7 @@ void requireObeyed(const Placed &tried, const Element &target, const PatternDocu
                           .arg(lost.formula, lost.path),
                       Exit_NotObeyed);
     }
-    for (const Driven &driven : tried.driven) {
+    for (const Readback &driven : tried.driven) {
         if (!driven.isObeyed()) {
             throw Refusal(QStringLiteral("Then the piece could not follow '%1' of '%2': %3.")
                               .arg(driven.formula, driven.path, gapInWords(driven, document, options.style)),

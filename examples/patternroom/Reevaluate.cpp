@@ -15,7 +15,7 @@ namespace
 
 struct Expected {
     Difference difference;
-    std::vector<Driven> astray; ///< what would not follow its formula
+    std::vector<Readback> astray; ///< what would not follow its formula
     QStringList messages;
 };
 
@@ -24,10 +24,10 @@ Expected expectedOf(const PatternDocument &document, const LengthStyle &style)
     const DocumentPtr copy = copyOf(document);
     const Rehearsal rehearsal(style.unit);
     const Snapshot before = snapshotOf(*copy);
-    const std::vector<Driven> driven = settle(*copy);
+    const std::vector<Readback> driven = settle(*copy);
     Expected expected{differenceOf(before, snapshotOf(*copy)), {}, rehearsal.messages()};
     std::copy_if(driven.begin(), driven.end(), std::back_inserter(expected.astray),
-                 [](const Driven &element) { return !element.isObeyed(); });
+                 [](const Readback &element) { return !element.isObeyed(); });
     return expected;
 }
 

@@ -2,7 +2,6 @@
 
 #include "Console.h"
 #include "Moves.h"
-#include "Table.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,8 +14,7 @@ using namespace VorSystem;
 namespace
 {
 
-constexpr double kObeyed = 1e-4; // cm; a converged perimeter frame may be 5e-5 off
-constexpr int kSettling = 8;     // rounds over all sets; two are the rule
+constexpr int kSettling = 8; // rounds over all sets; two are the rule
 
 template<class Values>
 const Values *orNull(const std::optional<Values> &values)
@@ -41,9 +39,9 @@ std::optional<int> sizeOf(const Wish &wish, const PatternDocument &document)
 }
 
 // What a link gave to its frames, and what they show.
-std::vector<Driven> sharesOf(const Wish &wish, const PatternDocument &before, const PatternDocument &after)
+std::vector<Readback> sharesOf(const Wish &wish, const PatternDocument &before, const PatternDocument &after)
 {
-    std::vector<Driven> shares;
+    std::vector<Readback> shares;
     for (const Move &move : movesOf(before, wish)) {
         const Element frame = elementAt(after, move.element);
         shares.push_back({move.element, move.path, !move.isMeasure, QString(),
@@ -62,18 +60,6 @@ bool makesOrigin(double level)
     return std::abs(level) <= kLevelZero;
 }
 
-bool Driven::isObeyed() const
-{
-    const QListEx<double> gaps = minus(read, wanted);
-    return onlySize ? std::abs(gaps.value(*onlySize)) <= kObeyed : largestOf(gaps) <= kObeyed;
-}
-
-bool areObeyed(const std::vector<Driven> &driven)
-{
-    return std::all_of(driven.begin(), driven.end(),
-                       [](const Driven &element) { return element.isObeyed(); });
-}
-
 bool Outcome::isObeyed() const
 {
     return isTaken && measure.isObeyed() && level.isObeyed() && difference.lostFormulas.empty() &&
@@ -88,94 +74,6 @@ Goal goalOf(const Element &target, const PatternDocument &document, const Wish &
     if (target.element->getLevelBySizes())
         goal.levels = wanted(readLevels(target, document), wish.level, wish.levels, nest);
     return goal;
-}
-
-QListEx<double> readMeasures(const Element &element, const PatternDocument &document)
-{
-    QListEx<double> values = valuesOf(element.element->getMeasureBySizes(), document);
-    if (element.element->objectControlCorresponding() || element.place.kind == Element_Link)
-        element.element->evaluateMeasuresObject(document.gradationData(), values);
-    return values;
-}
-
-QListEx<double> readLevels(const Element &element, const PatternDocument &document)
-{
-    QListEx<double> values = valuesOf(element.element->getLevelBySizes(), document);
-    if (element.element->objectControlCorresponding())
-        element.element->evaluateLevelsObject(document.gradationData(), values);
-    return values;
-}
-
-std::vector<Driven> drivenElements(const PatternDocument &document)
-{
-    std::vector<Driven> driven;
-    const auto add = [&](const Element &element, TreeEquations *formula, bool isLevel) {
-        if (!formula)
-            return;
-        QListEx<double> wanted;
-        for (int size = 0; size < sizeCount(document); ++size)
-            wanted.append(formula->evaluate(static_cast<short>(size)));
-        driven.push_back({element.place,
-                          element.path(),
-                          isLevel,
-                          formula->toString(),
-                          wanted,
-                          isLevel ? readLevels(element, document) : readMeasures(element, document),
-                          {}});
-    };
-    for (const Element &element : elementsOf(document)) {
-        if (element.place.kind == Element_Spec || element.place.kind == Element_MeasurementChart)
-            continue;
-        add(element, element.element->measurementFormula(), false);
-        add(element, element.element->formulaLevel(), true);
-    }
-    return driven;
-}
-
-void addRows(Table &table, const QString &what, const Driven &values, const LengthStyle &style)
-{
-    const QListEx<double> differences = minus(values.read, values.wanted);
-    QStringList wanted{what, QStringLiteral("wanted")};
-    QStringList read{QString(), QStringLiteral("read back")};
-    QStringList difference{QString(), QStringLiteral("difference")};
-    for (int size = 0; size < differences.size(); ++size) {
-        const bool isWanted = !values.onlySize || size == *values.onlySize;
-        wanted << (isWanted ? style.show(values.wanted.at(size)) : QStringLiteral("-"));
-        read << style.show(values.read.at(size));
-        difference << (isWanted ? style.showDifference(differences.at(size)) : QStringLiteral("-"));
-    }
-    table.add(wanted);
-    table.add(read);
-    table.add(difference);
-}
-
-QString describe(const std::vector<Driven> &driven, const QString &heading, const PatternDocument &document,
-                 const LengthStyle &style)
-{
-    if (driven.empty())
-        return QString();
-    Table table(QStringList{heading, QString()} + sizeHeadings(document));
-    for (const Driven &element : driven) {
-        QString what = element.path;
-        if (element.isLevel)
-            what += QLatin1String(" (level)");
-        if (!element.formula.isEmpty())
-            what += QLatin1String(" = ") + element.formula;
-        addRows(table, what, element, style);
-    }
-    return table.print(Table_Text);
-}
-
-QString resultOfAll(const std::vector<Driven> &driven, const PatternDocument &document)
-{
-    const bool isTied = std::any_of(driven.begin(), driven.end(), [&](const Driven &element) {
-        return elementAt(document, element.place).element->isDefinedInDocument();
-    });
-    if (!isTied)
-        return QString();
-    return (driven.size() == 1 ? QStringLiteral("Result %1: %2.\n")
-                               : QStringLiteral("Result %1 for each: %2.\n"))
-        .arg(QString::number(Msg_Converged), inWords(Msg_Converged));
 }
 
 QString withMessages(QString sentence, QStringList messages)
@@ -197,11 +95,11 @@ bool mayMove(const PatternDocument &document, const std::vector<ElementPlace> &e
     return isAgreed;
 }
 
-std::vector<Driven> settle(const PatternDocument &document)
+std::vector<Readback> settle(const PatternDocument &document)
 {
     GestFrames *manager = document.framesManager();
     manager->reevaluateFrameSets(Reevaluate_Apply);
-    std::vector<Driven> driven = drivenElements(document);
+    std::vector<Readback> driven = drivenElements(document);
     for (int round = 1; round < kSettling && areObeyed(driven); ++round) {
         if (!manager->reevaluateFrameSets(Reevaluate_Apply))
             return driven;

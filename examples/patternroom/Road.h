@@ -1,8 +1,8 @@
 // The road of a change: ask, apply, bring what depends on it into line.
 #pragma once
 
+#include "Readback.h"
 #include "Snapshot.h"
-#include "Table.h"
 
 #include <optional>
 
@@ -27,34 +27,17 @@ struct Goal {
     VorSystem::QListEx<double> levels; ///< empty for an element without levels
 };
 
-/// An element that follows a formula, or a frame that follows its link: what that gives, and what the piece
-/// shows.
-struct Driven {
-    ElementPlace place;
-    QString path;
-    bool isLevel = false;
-    QString formula;
-    VorSystem::QListEx<double> wanted;
-    VorSystem::QListEx<double> read;
-    std::optional<int> onlySize; ///< in which something is wanted; without it that is so in all sizes
-
-    /// Read back as wanted within a micrometre.
-    bool isObeyed() const;
-};
-
-bool areObeyed(const std::vector<Driven> &driven);
-
 /// What came of it.
 struct Outcome {
     bool isDeclined = false; ///< the user said no to locked pieces; nothing was touched
     bool isRefused = false;  ///< the library did not even try
     bool isTaken = false;    ///< the library answers that the values were taken
     QStringList messages;    ///< what the library said, when it was a rehearsal
-    Driven measure;          ///< of the element itself, read from the piece after everything came into line
-    Driven level;            ///< empty for an element without levels
+    Readback measure;        ///< of the element itself, read from the piece after everything came into line
+    Readback level;          ///< empty for an element without levels
     Difference difference;
-    std::vector<Driven> driven; ///< every element that follows a formula
-    std::vector<Driven> shares; ///< the frames of a link, when it was a rehearsal
+    std::vector<Readback> driven; ///< every element that follows a formula
+    std::vector<Readback> shares; ///< the frames of a link, when it was a rehearsal
 
     /// Taken, and read back as wanted within a micrometre, and so is whatever follows a formula; no formula
     /// was lost.
@@ -84,29 +67,13 @@ Outcome change(VorSystem::PatternDocument &document, const Wish &wish);
 /// Brings all sets into line, and again until nothing changes: what moves late may be measured by an element
 /// that was read early. Answers what follows formulas. Where a piece does not follow at once that is the end:
 /// in a second round a link would pull along what its own rule did not move.
-std::vector<Driven> settle(const VorSystem::PatternDocument &document);
+std::vector<Readback> settle(const VorSystem::PatternDocument &document);
 
 /// Why a change fails, for the user: the result of each move, pass by pass, and what would work.
 QString explain(const VorSystem::PatternDocument &document, const Wish &wish, const Outcome &failed,
                 const LengthStyle &style);
 
-/// All elements that follow formulas, specs left out: nothing moves for them.
-std::vector<Driven> drivenElements(const VorSystem::PatternDocument &document);
-/// Rows of what is wanted, read back, and the difference; what stands before them.
-void addRows(Table &table, const QString &what, const Driven &values, const LengthStyle &style);
-
-/// What they are to be, and per size how far the piece is from that, under a heading; empty for none.
-QString describe(const std::vector<Driven> &driven, const QString &heading,
-                 const VorSystem::PatternDocument &document, const LengthStyle &style);
-
-/// The result of the moves of elements that obeyed; empty where none of them is tied to a piece.
-QString resultOfAll(const std::vector<Driven> &driven, const VorSystem::PatternDocument &document);
-
 /// The sentence, and what the library said when it was tried on a copy.
 QString withMessages(QString sentence, QStringList messages);
-
-/// The values of an element as its piece shows them, or as stored where it is tied to none.
-VorSystem::QListEx<double> readMeasures(const Element &element, const VorSystem::PatternDocument &document);
-VorSystem::QListEx<double> readLevels(const Element &element, const VorSystem::PatternDocument &document);
 
 } // namespace room
