@@ -414,7 +414,10 @@ int add(const AddOptions &options)
             spec->reevaluate(Reevaluate_Apply);
     }
     store(options, *document);
-    options.console->print(QStringLiteral("Added %1 '%2'\n").arg(options.kind, options.name));
+    options.console->print(
+        options.csv.isEmpty()
+            ? QStringLiteral("Added %1 '%2'\n").arg(options.kind, options.name)
+            : QStringLiteral("Added the charts of '%1' to '%2'\n").arg(options.csv, options.name));
     return Exit_Done;
 }
 
