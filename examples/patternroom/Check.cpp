@@ -4,6 +4,7 @@
 #include "FormulaText.h"
 #include "Snapshot.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace room
@@ -13,6 +14,8 @@ using namespace VorSystem;
 
 namespace
 {
+
+constexpr double kSame = 1e-4; // cm: what moves leave over, and no table shows
 
 class Linter
 {
@@ -86,7 +89,7 @@ private:
         for (int size = 0; size < sizeCount(mDocument); ++size) {
             const double difference =
                 const_cast<TreeEquations *>(formula)->evaluate(static_cast<short>(size));
-            if (!(std::abs(difference) <= mTolerance)) {
+            if (!(std::abs(difference) <= std::max(mTolerance, kSame))) {
                 differing << QStringLiteral("%1 by %2")
                                  .arg(mDocument.sizeName(static_cast<short>(size + 1)),
                                       inDecimals.showDifference(difference));
