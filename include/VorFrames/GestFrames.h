@@ -91,7 +91,8 @@ public:
     ///@}
 
     /// All sets under the key "frames"; the group mapping and the removed formulas are left out. Raises what
-    /// FrameSet::toJson() raises.
+    /// FrameSet::toJson() raises. What exceeds the room of an XJsonArray is left out with a warning: reading
+    /// the object back shows whether it is whole.
     XJsonObject toJson() const;
     /// Adds the sets of object. A set that does not resolve is dropped without a sign. With adjust, each
     /// set's lists are fitted to the gradation: set the document first, or every list shrinks to its nest.

@@ -211,6 +211,26 @@ TEST(LargeJson, aMillionElementsOfOneNameArriveAndTheFirstBearsIt)
     EXPECT_EQ(read.getFrameCenters().at(0)->getFrames().count(), 1);
 }
 
+// Nothing is raised: whoever saves has to see whether everything is there.
+TEST(LargeJson, setsBeyondTheRoomOfAContainerAreLeftOutWithAWarning)
+{
+    static int warnings;
+    warnings = 0;
+    const auto count = [](QtMsgType, const QMessageLogContext &, const QString &) { ++warnings; };
+    const QtMessageHandler previous = qInstallMessageHandler(count);
+    GestFrames manager;
+    for (const char letter : {'a', 'b', 'c'}) {
+        const int letters = letter == 'c' ? 10 : 40 * kMillion; // two bytes each, of 134 million
+        manager.addFrameSet(new FrameSet(QString(letters, QLatin1Char(letter)), &manager), -1);
+    }
+    const XJsonArray sets = manager.toJson().value(kFrames).toArray();
+    qInstallMessageHandler(previous);
+    EXPECT_EQ(warnings, 1);
+    ASSERT_EQ(sets.size(), 2);
+    EXPECT_EQ(sets.at(1).toObject().value(QStringLiteral("set_name")).toString(),
+              QStringLiteral("cccccccccc"));
+}
+
 // --- A million levels ---
 
 /// Nodes of one kind, each the son of the next.
