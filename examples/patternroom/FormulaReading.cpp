@@ -125,6 +125,17 @@ void requireNames(const ElementEquation *node, const FrameSet &set, const Patter
     requireNames(node->sonRight, set, document);
 }
 
+// A file keeps no sign of nothing, so "-0" becomes the zero that is read again.
+void dropSignOfZero(ElementEquation *node)
+{
+    if (!node)
+        return;
+    if (node->contents == ElemValue && node->value == 0.0)
+        node->value = 0.0;
+    dropSignOfZero(node->sonLeft);
+    dropSignOfZero(node->sonRight);
+}
+
 // Constants that are lengths become such; false where lengths and plain numbers are mixed.
 bool unitsFit(TreeEquations &tree)
 {
@@ -151,6 +162,7 @@ std::unique_ptr<TreeEquations> readFormula(const QString &text, FrameSet *set, B
                 .arg(shortened(text)));
     }
     requireNames(tree->root, *set, dynamic_cast<PatternDocument *>(set->document()));
+    dropSignOfZero(tree->root);
     if (!unitsFit(*tree)) {
         throw Refusal(QStringLiteral("The units of '%1' do not fit: lengths are added and subtracted, and "
                                      "multiplied or divided by plain numbers other than 0.")
