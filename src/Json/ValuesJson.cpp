@@ -13,22 +13,14 @@ namespace VorSystem
 namespace
 {
 
-XJsonArray numbersToJson(const QListEx<double> &numbers)
-{
-    XJsonArray array;
-    for (const double number : numbers)
-        array.append(number);
-    return array;
-}
-
 // In the order of the keys, which spares the object from moving members.
 XJsonObject valuesToJson(const ValuesAccordingSizes &measures, const ValuesAccordingSizes *levels)
 {
     XJsonObject object;
     object.insert(QStringLiteral("index_medium"), int(measures.mNestIndex));
     if (levels != nullptr)
-        object.insert(QStringLiteral("levels"), numbersToJson(levels->mValues));
-    object.insert(QStringLiteral("measures"), numbersToJson(measures.mValues));
+        object.insert(QStringLiteral("levels"), XJsonArray::fromNumbers(levels->mValues));
+    object.insert(QStringLiteral("measures"), XJsonArray::fromNumbers(measures.mValues));
     return object;
 }
 

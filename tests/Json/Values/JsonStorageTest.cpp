@@ -4,6 +4,7 @@
 #include "JsonTestSupport.h"
 #include "JsonTrees.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 using namespace VorSystem;
@@ -56,6 +57,60 @@ TEST(JsonStorage, isTheSameHoweverTheContentsCameIn)
 
     for (const XJsonObject &object : {byInsert, byReference, overwritten, readOut, converted})
         EXPECT_EQ(countedStorage(object), binarySize(byInsert));
+}
+
+TEST(JsonStorage, ofNumbersIsThatOfTheSameNumbersOneByOne)
+{
+    const QList<double> numbers{0.0, -0.0, 1, -1, 2.5, 67108863, 67108864, 1e300, qQNaN(), qInf()};
+    XJsonArray oneByOne;
+    for (const double number : numbers)
+        oneByOne.append(number);
+
+    const XJsonArray atOnce = XJsonArray::fromNumbers(numbers);
+
+    EXPECT_EQ(debugged(atOnce), debugged(oneByOne));
+    EXPECT_TRUE(std::signbit(atOnce.at(1).toDouble()));
+    EXPECT_EQ(countedStorage(atOnce), countedStorage(oneByOne));
+    EXPECT_EQ(debugged(XJsonArray::fromNumbers({})), "XJsonArray()");
+}
+
+TEST(JsonStorage, countsAKeyOnceInWhateverOrderKeysCome)
+{
+    const QStringList orders[] = {
+        {"a"_q, "b"_q, "c"_q},
+        {"c"_q, "b"_q, "a"_q},
+        {"b"_q, "c"_q, "a"_q, "c"_q},
+        {"a"_q, "a"_q, "b"_q, "c"_q},
+        {"a"_q, "b"_q, "b"_q, "c"_q},
+        {"a"_q, "b"_q, "c"_q, "c"_q},
+        {""_q, "a"_q, ""_q, "c"_q, "b"_q},
+    };
+    for (const QStringList &order : orders) {
+        XJsonObject object;
+        for (const QString &key : order) {
+            if (key == "c"_q)
+                object[key] = 0.5;
+            else
+                object.insert(key, 0.5);
+        }
+        object.remove(""_q);
+        EXPECT_EQ(object.keys(), QStringList({"a"_q, "b"_q, "c"_q}));
+        EXPECT_EQ(countedStorage(object), binarySize(object)) << debugged(object);
+
+        XJsonObject shorter = object;
+        shorter.remove("c"_q);
+        shorter.insert("c"_q, 1.5); // beyond all keys that are left
+        shorter.insert("b"_q, 1.5);
+        EXPECT_EQ(shorter.size(), 3);
+        EXPECT_EQ(countedStorage(shorter), binarySize(shorter));
+
+        XJsonObject moved = std::move(shorter);
+        moved.insert("d"_q, 0.5);
+        moved.insert("c"_q, 0.5);
+        EXPECT_EQ(countedStorage(moved), binarySize(moved));
+        shorter.insert("a"_q, 0.5); // starts anew
+        EXPECT_EQ(debugged(shorter), "XJsonObject({a:0.5,})");
+    }
 }
 
 TEST(JsonStorage, ofAContainerReadOutIsCountedAtItsFirstWrite)

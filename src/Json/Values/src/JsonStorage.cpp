@@ -4,6 +4,7 @@
 
 #include <QtDebug>
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -22,9 +23,20 @@ qint64 roundedToFour(qint64 bytes)
     return (bytes + 3) & ~qint64(3);
 }
 
+// Four characters at a time: every key that is written is asked.
 bool isLatin1(const QString &text)
 {
-    return std::all_of(text.begin(), text.end(), [](QChar character) { return character.unicode() <= 0xff; });
+    constexpr int group = 4;
+    constexpr quint64 highBytes = 0xff00ff00ff00ff00;
+    const QChar *rest = text.constData();
+    int count = text.size();
+    for (; count >= group; count -= group, rest += group) {
+        quint64 characters;
+        std::memcpy(&characters, rest, sizeof characters);
+        if ((characters & highBytes) != 0)
+            return false;
+    }
+    return std::all_of(rest, rest + count, [](QChar character) { return character.unicode() <= 0xff; });
 }
 
 int asMessageNumber(qint64 bytes)
@@ -44,12 +56,6 @@ qint64 ofText(const QString &text)
 qint64 ofKey(const QString &key)
 {
     return kMemberSlot + ofText(key);
-}
-
-qint64 ofNumber(double number)
-{
-    const bool isNear = number > -kSlotNumbers && number < kSlotNumbers && number != 0;
-    return isNear && static_cast<int>(number) == number ? 0 : kNumber;
 }
 
 qint64 ofTree(const QJsonValue &value)

@@ -23,7 +23,11 @@ qint64 ofText(const QString &text);
 qint64 ofKey(const QString &key);
 
 /// Bytes of a number.
-qint64 ofNumber(double number);
+inline qint64 ofNumber(double number)
+{
+    const bool isNear = number > -kSlotNumbers && number < kSlotNumbers && number != 0;
+    return isNear && static_cast<int>(number) == number ? 0 : kNumber;
+}
 
 /// Bytes of a value with all that is in it. Walks the whole of a container, without recursion.
 qint64 ofTree(const QJsonValue &value);

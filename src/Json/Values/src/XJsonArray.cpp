@@ -1,5 +1,6 @@
 #include <VorJson/XJsonArray.h>
 
+#include "JsonNumber.h"
 #include "JsonStorage.h"
 #include "JsonText.h"
 
@@ -7,6 +8,26 @@
 
 namespace VorSystem
 {
+
+inline const QJsonValue &XJsonArray::storedForm(const XJsonValue &value)
+{
+    if (value.mStorage >= 0 || !value.isUndefined())
+        return value.mValue;
+    static const QJsonValue null;
+    return null;
+}
+
+inline bool XJsonArray::admit(qint64 asked, qint64 freed)
+{
+    if (mStorage == XJsonValue::kUncounted)
+        mStorage = JsonStorage::ofTree(mArray);
+    if (mStorage + asked - freed < JsonStorage::kLimit) {
+        mStorage += asked - freed;
+        return true;
+    }
+    JsonStorage::warnOfRefusal(mStorage, asked);
+    return false;
+}
 
 XJsonArray::XJsonArray(std::initializer_list<XJsonValue> values)
 {
@@ -19,6 +40,18 @@ XJsonArray XJsonArray::fromStringList(const QStringList &texts)
     XJsonArray array;
     for (const QString &text : texts)
         array.append(text);
+    return array;
+}
+
+XJsonArray XJsonArray::fromNumbers(const QList<double> &numbers)
+{
+    XJsonArray array;
+    if (!numbers.isEmpty())
+        array.giveStorage();
+    for (const double number : numbers) {
+        if (array.admit(JsonStorage::kArraySlot + JsonStorage::ofNumber(number)))
+            array.mArray.append(JsonNumber::held(number));
+    }
     return array;
 }
 
@@ -170,12 +203,6 @@ bool XJsonArray::operator==(const XJsonArray &other) const
     return XJsonValue(*this) == XJsonValue(other);
 }
 
-const QJsonValue &XJsonArray::storedForm(const XJsonValue &value)
-{
-    static const QJsonValue null;
-    return value.mStorage < 0 && value.isUndefined() ? null : value.mValue;
-}
-
 void XJsonArray::giveStorage()
 {
     if (!hasStorage())
@@ -191,18 +218,6 @@ void XJsonArray::letGo()
 {
     QJsonValue value = std::exchange(mArray, QJsonArray());
     XJsonValue::letGo(value);
-}
-
-bool XJsonArray::admit(qint64 asked, qint64 freed)
-{
-    if (mStorage == XJsonValue::kUncounted)
-        mStorage = JsonStorage::ofTree(mArray);
-    if (mStorage + asked - freed < JsonStorage::kLimit) {
-        mStorage += asked - freed;
-        return true;
-    }
-    JsonStorage::warnOfRefusal(mStorage, asked);
-    return false;
 }
 
 } // namespace VorSystem

@@ -8,6 +8,41 @@
 namespace VorSystem
 {
 
+namespace
+{
+
+// As QString compares, without the cost of a call for keys that differ at their first letters.
+bool isLess(const QString &left, const QString &right)
+{
+    return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end());
+}
+
+} // namespace
+
+inline bool XJsonObject::admit(qint64 asked, qint64 freed, int replacedIndex)
+{
+    if (mStorage == XJsonValue::kUncounted)
+        mStorage = JsonStorage::ofTree(mObject);
+    if (mStorage + asked - freed < JsonStorage::kLimit) {
+        mStorage += asked - freed;
+        return true;
+    }
+
+    // The slot and key of a replaced member are asked for and freed, which only a refusal tells.
+    const qint64 keyBytes = holdsIndex(replacedIndex) ? JsonStorage::ofKey(keyAt(replacedIndex)) : 0;
+    JsonStorage::warnOfRefusal(mStorage, keyBytes + asked);
+    return false;
+}
+
+inline int XJsonObject::insertNew(const QString &key, const XJsonValue &value)
+{
+    giveStorage();
+    if (!admit(JsonStorage::ofKey(key) + value.storageInside()))
+        return size();
+    surround(value);
+    return mObject.insert(key, value.mValue) - QJsonObject::iterator(&mObject, 0);
+}
+
 XJsonObject::XJsonObject(std::initializer_list<QPair<QString, XJsonValue>> members)
 {
     for (const QPair<QString, XJsonValue> &member : members)
@@ -69,7 +104,7 @@ QByteArray XJsonObject::toText(XJsonFormat format) const
 
 XJsonValueRef XJsonObject::operator[](const QString &key)
 {
-    const int index = position(key);
+    const int index = positionToWrite(key);
     return XJsonValueRef(this, index < size() ? index : insertNew(key, XJsonValue()));
 }
 
@@ -82,7 +117,7 @@ XJsonObject::iterator XJsonObject::insert(const QString &key, const XJsonValue &
     }
 
     const int count = size();
-    const int index = count == 0 ? 0 : position(key);
+    const int index = positionToWrite(key);
     if (index == count)
         return iterator(this, insertNew(key, value));
     return iterator(this, writeAt(index, value) ? index : count);
@@ -142,6 +177,16 @@ int XJsonObject::position(const QString &key) const
     return mObject.constFind(key) - mObject.constBegin();
 }
 
+int XJsonObject::positionToWrite(const QString &key)
+{
+    // Keys mostly come in ascending order, and one that is greater than all needs no search.
+    const int count = size();
+    if (count != 0 && (mGreatestKey.isNull() || !isLess(mGreatestKey, key)))
+        return position(key);
+    mGreatestKey = key;
+    return count;
+}
+
 void XJsonObject::giveStorage()
 {
     if (!hasStorage())
@@ -157,30 +202,6 @@ void XJsonObject::letGo()
 {
     QJsonValue value = std::exchange(mObject, QJsonObject());
     XJsonValue::letGo(value);
-}
-
-bool XJsonObject::admit(qint64 asked, qint64 freed, int replacedIndex)
-{
-    if (mStorage == XJsonValue::kUncounted)
-        mStorage = JsonStorage::ofTree(mObject);
-    if (mStorage + asked - freed < JsonStorage::kLimit) {
-        mStorage += asked - freed;
-        return true;
-    }
-
-    // The slot and key of a replaced member are asked for and freed, which only a refusal tells.
-    const qint64 keyBytes = holdsIndex(replacedIndex) ? JsonStorage::ofKey(keyAt(replacedIndex)) : 0;
-    JsonStorage::warnOfRefusal(mStorage, keyBytes + asked);
-    return false;
-}
-
-int XJsonObject::insertNew(const QString &key, const XJsonValue &value)
-{
-    giveStorage();
-    if (!admit(JsonStorage::ofKey(key) + value.storageInside()))
-        return size();
-    surround(value);
-    return mObject.insert(key, value.mValue) - QJsonObject::iterator(&mObject, 0);
 }
 
 bool XJsonObject::writeAt(int index, const XJsonValue &value)

@@ -45,7 +45,7 @@ public:
     /// Takes the contents; other is then without storage.
     XJsonObject(XJsonObject &&other) noexcept
         : mObject(std::move(other.mObject)), mStorage(std::exchange(other.mStorage, XJsonValue::kNoStorage)),
-          mLevels(std::exchange(other.mLevels, 1))
+          mLevels(std::exchange(other.mLevels, 1)), mGreatestKey(std::move(other.mGreatestKey))
     {
     }
     ~XJsonObject()
@@ -72,6 +72,7 @@ public:
         std::swap(mObject, other.mObject);
         std::swap(mStorage, other.mStorage);
         std::swap(mLevels, other.mLevels);
+        mGreatestKey.swap(other.mGreatestKey);
     }
     ///@}
 
@@ -171,7 +172,8 @@ private:
     bool holdsIndex(int index) const { return index >= 0 && index < size(); }
     QString keyAt(int index) const;
     XJsonValue valueAt(int index) const;
-    int position(const QString &key) const; ///< size() when the key is absent
+    int position(const QString &key) const;  ///< size() when the key is absent
+    int positionToWrite(const QString &key); ///< the same, and remembers a key greater than all others
 
     void giveStorage();
     void surround(const XJsonValue &value);
@@ -184,6 +186,7 @@ private:
     QJsonObject mObject;
     qint64 mStorage = XJsonValue::kNoStorage; ///< bytes counted so far, or one of the marks of XJsonValue
     int mLevels = 1;                          ///< at most so many levels of containers, its own included
+    QString mGreatestKey;                     ///< no key is greater; null when that is not known
 };
 
 /// Writes "XJsonObject(", the compact text form and ")".
