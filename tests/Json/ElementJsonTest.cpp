@@ -219,6 +219,28 @@ TEST_F(ElementJson, everyKindAndNestReadsAsZeroFromAnythingElse)
     }
 }
 
+TEST_F(ElementJson, nodeReadsTheKeysOfItsKindAndNoOthers)
+{
+    for (int contents = -1; contents <= 9; ++contents) {
+        SCOPED_TRACE(contents);
+        const bool isReference = contents == 2 || contents == 3;
+        XJsonObject stored = object("{'value':5,'son_left':{'contents':1,'value':6},"
+                                    "'son_right':{'contents':1,'value':7}}");
+        stored.insert(QStringLiteral("contents"), contents);
+        stored.insert(QStringLiteral("frame_element"),
+                      isReference ? QStringLiteral("K") : QStringLiteral("nobody"));
+        ElementEquation node;
+        node.fromJson(stored, &mSet);
+        EXPECT_EQ(int(node.contents), contents);
+        EXPECT_EQ(node.value, contents == 1 ? 5.0 : 0.0);
+        EXPECT_EQ(node.element, isReference ? mCenter : nullptr);
+        EXPECT_EQ(node.sonLeft == nullptr ? 0.0 : node.sonLeft->value,
+                  contents >= 4 && contents <= 8 ? 6 : 0);
+        EXPECT_EQ(node.sonRight == nullptr ? 0.0 : node.sonRight->value,
+                  contents >= 5 && contents <= 8 ? 7 : 0);
+    }
+}
+
 TEST_F(ElementJson, numbersReadAsZeroFromAnythingElse)
 {
     for (const char *wrong : {"null", "true", "'7'", "[7]", "{}"}) {
