@@ -1,6 +1,7 @@
 #include "SetsFromJson.h"
 
 #include "FormulaArrivals.h"
+#include "JsonMembers.h"
 #include "Told.h"
 #include "UnreadValues.h"
 
@@ -20,16 +21,6 @@ namespace VorSystem
 
 namespace
 {
-
-QJsonArray listIn(const QJsonObject &object, const char *key)
-{
-    return object.value(QLatin1String(key)).toArray();
-}
-
-QString textIn(const QJsonObject &object, const char *key)
-{
-    return object.value(QLatin1String(key)).toString();
-}
 
 // The reading of a set outside any manager's list, up to the place where it fails; the set arrives at a
 // manager when and only when this does not fail.

@@ -1,5 +1,6 @@
 #include "SkeletonFromJson.h"
 
+#include "JsonMembers.h"
 #include "Told.h"
 #include "UnreadValues.h"
 
@@ -20,16 +21,6 @@ namespace VorSystem
 
 namespace
 {
-
-QString textIn(const QJsonObject &object, const char *key)
-{
-    return object.value(QLatin1String(key)).toString();
-}
-
-QJsonArray listIn(const QJsonObject &object, const char *key)
-{
-    return object.value(QLatin1String(key)).toArray();
-}
 
 QJsonArray pointsOf(const QJsonObject &control)
 {
