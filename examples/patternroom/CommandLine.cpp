@@ -22,6 +22,12 @@ int runDemo(Line &line)
         QStringLiteral("demo out"));
     if (!line.parse(0, 1))
         return Exit_Done;
+    if (line.isSet("unit") || line.isSet("locale")) {
+        throw Refusal(
+            QStringLiteral("'demo' runs a script of its own, in centimetres and with decimal points: "
+                           "it takes neither --unit nor --locale."),
+            Exit_Usage);
+    }
     DemoOptions options;
     line.fill(options);
     options.folder = line.argument(0).isEmpty() ? QStringLiteral("patternroom-demo") : line.argument(0);
