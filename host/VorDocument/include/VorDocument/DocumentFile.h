@@ -19,11 +19,11 @@ struct DocumentReport {
     QString error;
     /// Sentences for the user, in the order of the text.
     ///
-    /// Of a reading: what stood in the text and did not arrive. That is a set that was left out, or a skeleton
-    /// that could not be tied, and why; a formula that is none, that its element does not take, or whose
-    /// element is not there; a control without vectors; a key or a value that was passed over. At most twenty
-    /// sentences tell of one set or skeleton. Of a writing: what the text has no place for, though all sets
-    /// and skeletons will be there again, such as the formula of one of two elements of one name.
+    /// Of a reading: what stood in the text and did not arrive. That is a set that was left out, or a
+    /// skeleton that could not be tied, and why; a formula that is none, that its element does not take, or
+    /// whose element is not there; a control without vectors; a key or a value that was passed over. At most
+    /// twenty sentences tell of one set or skeleton. Of a writing: what the text has no place for, though all
+    /// sets and skeletons will be there again, such as the formula of one of two elements of one name.
     QStringList dropped;
 };
 
