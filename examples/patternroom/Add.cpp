@@ -219,6 +219,12 @@ void addFrame(const NameInSet &place, const AddOptions &options)
         frame->setPercentageMeasureRating(percentOf(options.percentage, QStringLiteral("--percentage")));
     }
     auto *body = new ControlFrame(from, to, skeleton, frame);
+    // The only end stands second on that side, and nothing reads a frame without a first one.
+    if (!body->getVectorContour1()) {
+        throw Refusal(QStringLiteral("The frame '%1' would have its only end on the second side of '%2', and "
+                                     "could not be read again: begin on the other side, or give both ends.")
+                          .arg(place.name, center->name()));
+    }
     if (to)
         body->recoverRatingAttaches();
 }
