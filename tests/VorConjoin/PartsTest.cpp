@@ -19,6 +19,16 @@ std::string str(const GeoPoint2D &p)
     return text;
 }
 
+// A small outline for darts: the three vectors of a mouth from (0, 0) to (4, 0), and a point at (2, 20).
+std::vector<CDbPointVOR *> mouthAndPoint(GabaritObject &outline)
+{
+    std::vector<CDbPointVOR *> vectors;
+    for (const GeoPoint2D &place :
+         {GeoPoint2D(0, 0), GeoPoint2D(2, -0.5), GeoPoint2D(4, 0), GeoPoint2D(2, 20)})
+        vectors.push_back(outline.addContourVector(place));
+    return vectors;
+}
+
 // A 40 x 60 rectangle whose lower edge, 40 long, has a dart mouth from 18 to 22 with its pivot at (20, 15).
 class DartedRectangle : public testing::Test
 {
@@ -138,10 +148,7 @@ TEST_F(DartedRectangle, innerLegVectorsKeepTheirShapeInTheLineFromPivotToLegEnd)
 {
     CDbGroupObject &other = *group;
     GabaritObject *second = other.newGabarit();
-    std::vector<CDbPointVOR *> w;
-    for (const GeoPoint2D &place :
-         {GeoPoint2D(0, 0), GeoPoint2D(2, -0.5), GeoPoint2D(4, 0), GeoPoint2D(2, 20)})
-        w.push_back(second->addContourVector(place));
+    const std::vector<CDbPointVOR *> w = mouthAndPoint(*second);
     CDbPointVOR *tip = other.addOwnVector(GeoPoint2D(2, 10));
     CDbPointVOR *inner = other.addOwnVector(GeoPoint2D(0.5, 5));
     CDbPointVOR *bend = other.addOwnVector(GeoPoint2D(3.5, 5));
@@ -178,10 +185,7 @@ TEST_F(DartedRectangle, dependentsOfADartTakeTheMeanDisplacementOfItsLegs)
 {
     CDbGroupObject other;
     GabaritObject *outline = other.newGabarit();
-    std::vector<CDbPointVOR *> w;
-    for (const GeoPoint2D &place :
-         {GeoPoint2D(0, 0), GeoPoint2D(2, -0.5), GeoPoint2D(4, 0), GeoPoint2D(2, 20)})
-        w.push_back(outline->addContourVector(place));
+    const std::vector<CDbPointVOR *> w = mouthAndPoint(*outline);
     CDbPointVOR *tip = other.addOwnVector(GeoPoint2D(2, 10));
     CDbPointVOR *inner = other.addOwnVector(GeoPoint2D(0.5, 5));
     ASSERT_NE(other.addDart(outline, w[0], w[1], w[2], tip, {inner}, {}), nullptr);
@@ -204,10 +208,7 @@ TEST_F(DartedRectangle, aLegKeepsTheShapeThatItHasInEachSize)
 {
     CDbGroupObject other;
     GabaritObject *outline = other.newGabarit();
-    std::vector<CDbPointVOR *> w;
-    for (const GeoPoint2D &place :
-         {GeoPoint2D(0, 0), GeoPoint2D(2, -0.5), GeoPoint2D(4, 0), GeoPoint2D(2, 20)})
-        w.push_back(outline->addContourVector(place));
+    const std::vector<CDbPointVOR *> w = mouthAndPoint(*outline);
     CDbPointVOR *tip = other.addOwnVector(GeoPoint2D(2, 10));
     const RegularSteps outwards{{0.25, 0.0}, {-0.25, 0.0}};
     CDbPointVOR *inner = other.addOwnVector(GeoPoint2D(0.5, 5), Vector_Corner, &outwards);
@@ -239,10 +240,7 @@ TEST_F(DartedRectangle, aMouthThatIsNoneIsRefusedAndLeavesNoLineBehind)
 TEST_F(DartedRectangle, aLegThatMeetsAVectorTwiceOrSharesALineIsNone)
 {
     GabaritObject *second = group->newGabarit();
-    std::vector<CDbPointVOR *> w;
-    for (const GeoPoint2D &place :
-         {GeoPoint2D(0, 0), GeoPoint2D(2, -0.5), GeoPoint2D(4, 0), GeoPoint2D(2, 20)})
-        w.push_back(second->addContourVector(place));
+    const std::vector<CDbPointVOR *> w = mouthAndPoint(*second);
     CDbPointVOR *tip = group->addOwnVector(GeoPoint2D(2, 10));
     CDbPointVOR *inner = group->addOwnVector(GeoPoint2D(1, 5));
     using Leg = std::vector<LineObject *>;
@@ -268,10 +266,7 @@ TEST_F(DartedRectangle, aLegThatMeetsAVectorTwiceOrSharesALineIsNone)
 TEST_F(DartedRectangle, legsEqualInTheNestAloneAreNotKeptEqual)
 {
     GabaritObject *second = group->newGabarit();
-    std::vector<CDbPointVOR *> w;
-    for (const GeoPoint2D &place :
-         {GeoPoint2D(0, 0), GeoPoint2D(2, -0.5), GeoPoint2D(4, 0), GeoPoint2D(2, 20)})
-        w.push_back(second->addContourVector(place));
+    const std::vector<CDbPointVOR *> w = mouthAndPoint(*second);
     CDbPointVOR *tip = group->addOwnVector(GeoPoint2D(2, 10));
     const RegularSteps outwards{{0.0, 0.0}, {-1.0, 0.0}};
     CDbPointVOR *bending = group->addOwnVector(GeoPoint2D(0.5, 5), Vector_DartInner, &outwards);
