@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_set>
 
 namespace VorSystem
 {
@@ -58,14 +59,14 @@ void placeBetween(CDbPointVOR &v, const CDbPointVOR &a, const CDbPointVOR &b, do
 // each end for the line beyond it would turn round there.
 bool isLeg(const std::vector<LineObject *> &lines, const CDbPointVOR *pivot, const CDbPointVOR *end)
 {
-    std::vector<const CDbPointVOR *> met = {pivot};
+    std::unordered_set<const CDbPointVOR *> met = {pivot};
+    const CDbPointVOR *reached = pivot;
     for (const LineObject *line : lines) {
-        const CDbPointVOR *reached = line ? line->otherVectorLine(met.back()) : nullptr;
-        if (!reached || std::find(met.begin(), met.end(), reached) != met.end())
+        reached = line ? line->otherVectorLine(reached) : nullptr;
+        if (!reached || !met.insert(reached).second)
             return false;
-        met.push_back(reached);
     }
-    return met.back() == end;
+    return reached == end;
 }
 
 // a and b are neighbours on a curve.
